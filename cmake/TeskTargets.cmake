@@ -1,0 +1,40 @@
+# The ways in which this project makes a library, a program and a test.
+
+# Flags that everything of ours is compiled with.
+function(tesk_compile_options target)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+    target_compile_definitions(${target} PRIVATE
+        QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
+    if(TESK_SANITIZERS)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+    endif()
+endfunction()
+
+# tesk_library(NAME SOURCE...): a static library of one folder, included as "folder/Header.h".
+function(tesk_library target)
+    add_library(${target} STATIC ${ARGN})
+    target_include_directories(${target} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+    tesk_compile_options(${target})
+endfunction()
+
+# tesk_program(NAME SOURCE...): an executable.
+function(tesk_program target)
+    add_executable(${target} ${ARGN})
+    tesk_compile_options(${target})
+endfunction()
+
+# tesk_test(NAME SOURCES source... LINK library... [ENVIRONMENT name=value...]): a Qt Test
+# executable that CTest runs without a display. TEST_DATA_DIR names the folder data/ beside it.
+function(tesk_test target)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    tesk_program(${target} ${arg_SOURCES})
+    target_link_libraries(${target} PRIVATE ${arg_LINK} Qt6::Test)
+    target_compile_definitions(${target} PRIVATE TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}/data")
+    add_test(NAME ${target} COMMAND ${target})
+    set_tests_properties(${target} PROPERTIES
+        TIMEOUT 300
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QTWEBENGINE_DISABLE_SANDBOX=1;LC_ALL=C.UTF-8;${arg_ENVIRONMENT}")
+endfunction()

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+namespace Tesk {
+
+/// The settings store: text values under a sub-key of one root, which is the registry on Windows.
+/// Elsewhere it is one JSON file, an object of sub-keys that hold objects of values, read afresh at
+/// each access and written whole through a temporary file.
+///
+/// Nothing is reported to the user: what cannot be read is empty, and a refused write is lost. Both
+/// leave a line in the logging category "tesk.settings".
+class Registry
+{
+public:
+    /// `fileName`: the JSON file. Not used on Windows.
+    explicit Registry(const QString &fileName);
+
+    /// The value's text; empty when it is absent or not a text.
+    QString RegGetString(const QString &subKey, const QString &valueName) const;
+    void RegSetString(const QString &subKey, const QString &valueName, const QString &text);
+    void RegDeleteValue(const QString &subKey, const QString &valueName);
+
+    /// The JSON file of the user's configuration folder.
+    static QString DefaultFileName();
+
+private:
+    QString fileName;
+};
+
+/// The sub-key that holds all of the program's values.
+inline constexpr QLatin1String SettingsKey{"Software\\Tesk"};
+
+} // namespace Tesk

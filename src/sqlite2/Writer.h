@@ -1,0 +1,44 @@
+#pragma once
+
+#include "sqlite2/Value.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace Sqlite2 {
+
+enum class ByteOrder { Little, Big };
+
+/// Writes a new version 2 database file that the version 2 engine would accept. Everything is kept
+/// in memory until Finish(), which writes the file whole through a temporary file beside it.
+class Writer
+{
+public:
+    explicit Writer(ByteOrder byteOrder = ByteOrder::Little);
+    ~Writer();
+
+    Writer(const Writer &) = delete;
+    Writer &operator=(const Writer &) = delete;
+
+    /// Makes a table from its CREATE TABLE statement. Throws Error for a statement it cannot read.
+    void CreateTable(const std::string &sql);
+
+    /// Makes an index from its CREATE INDEX statement over the rows added by Finish().
+    void CreateIndex(const std::string &sql);
+
+    /// Adds a row with one value a column, 8-bit text. The row id is the INTEGER PRIMARY KEY's
+    /// value, or one more than the largest so far. Throws Error for a wrong count or a used id.
+    void InsertRow(const std::string &table, const Row &row);
+
+    /// Writes the file, replacing one of that name. Throws Error when it cannot be written; the old
+    /// file then stands as it was.
+    void Finish(const std::filesystem::path &fileName);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace Sqlite2
