@@ -4,8 +4,7 @@ namespace Tesk {
 
 CatalogueError::CatalogueError(const QString &message)
     : std::runtime_error(message.toStdString())
-{
-}
+{}
 
 QString CatalogueError::Message() const
 {
