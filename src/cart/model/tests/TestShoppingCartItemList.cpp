@@ -103,10 +103,12 @@ private Q_SLOTS:
         QCOMPARE(Ids(list), QStringLiteral("a"));
     }
 
-    void testCopyHoldsTheSameItems()
+    void testCopyHoldsTheSameItemsInAListOfItsOwn()
     {
-        const ShoppingCartItemList list = ListOf(1, 0);
-        const ShoppingCartItemList copy = list;
+        const ShoppingCartItemList list = ListOf(2, 0);
+        ShoppingCartItemList copy = list;
+        copy.Remove(1);
+        QCOMPARE(list.UpperBound(), 1);
         QCOMPARE(copy.At(0), list.At(0));
     }
 };
