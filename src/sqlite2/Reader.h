@@ -22,7 +22,8 @@ public:
     /// Called for each record with its row id and its values (the row id column filled in).
     using RowHandler = std::function<void(std::int32_t rowId, const Row &row)>;
 
-    /// Throws Error when the file cannot be read, is no version 2 file, or its schema is unreadable.
+    /// Throws Error when the file cannot be read, is no version 2 file, or its schema is
+    /// unreadable.
     explicit Reader(const std::filesystem::path &fileName);
     ~Reader();
 

@@ -1,5 +1,7 @@
 #include "sqlite2/Schema.h"
 
+#include "sqlite2/AsciiText.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -10,17 +12,11 @@ namespace {
 
 constexpr std::array<std::string_view, 4> textTypeMarks{"CHAR", "TEXT", "CLOB", "BLOB"};
 
-char UpperAscii(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 } // namespace
 
 TypeClass Column::Class() const
 {
-    std::string upperType = declaredType;
-    std::ranges::transform(upperType, upperType.begin(), UpperAscii);
+    const std::string upperType = ToUpper(declaredType);
     const bool isText = std::ranges::any_of(textTypeMarks, [&](std::string_view mark) {
         return upperType.find(mark) != std::string::npos;
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sqlite2/ByteOrder.h"
 #include "sqlite2/Value.h"
 
 #include <cstdint>
@@ -8,8 +9,6 @@
 #include <string>
 
 namespace Sqlite2 {
-
-enum class ByteOrder { Little, Big };
 
 /// Writes a new version 2 database file that the version 2 engine would accept. Everything is kept
 /// in memory until Finish(), which writes the file whole through a temporary file beside it.

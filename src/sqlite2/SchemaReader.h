@@ -1,0 +1,16 @@
+#pragma once
+
+#include "sqlite2/PageClaims.h"
+#include "sqlite2/PageFile.h"
+#include "sqlite2/Schema.h"
+
+#include <vector>
+
+namespace Sqlite2 {
+
+/// Reads the tables and their declared indexes out of `sqlite_master`, tables in the order of their
+/// creation. Views and triggers are stepped over, as are the indexes that a constraint implies.
+/// Throws Error for a schema that it cannot read.
+std::vector<Table> ReadSchema(const PageFile &file, PageClaims &claims);
+
+} // namespace Sqlite2
