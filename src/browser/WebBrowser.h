@@ -2,14 +2,18 @@
 
 #include "browser/HtmlDocument.h"
 
+#include <QUrl>
 #include <QWidget>
 
 #include <functional>
 
+class QWebEngineLoadingInfo;
 class QWebEngineProfile;
 class QWebEngineView;
 
 namespace Tesk {
+
+class LocalPage;
 
 /// The browser control. Its signals come from the event loop, never from within a callback of the
 /// engine, so a slot may open dialogs and throw.
@@ -18,7 +22,7 @@ class WebBrowser : public QWidget, public HtmlDocument
     Q_OBJECT
 
 public:
-    /// `profile` carries the resource scheme's handler (ResourceScheme.h) and outlives the control.
+    /// `profile` (LocalProfile.h) outlives the control.
     explicit WebBrowser(QWebEngineProfile *profile, QWidget *parent = nullptr);
     ~WebBrowser() override;
 
@@ -26,9 +30,11 @@ public:
     /// they are spelled on disk, an optional query behind "?" and fragment behind "#".
     void Navigate(const QString &address);
 
-    /// The address of the page shown, percent-decoded.
+    /// The address of the page that completed last, percent-decoded. Empty before the first one
+    /// and after a page that could not be shown.
     QString Address() const;
 
+    /// Makes the changes in the page that completed last, and in no other.
     void Apply(const QList<ElementChange> &changes) override;
 
     /// Runs a script in the page's own world and hands its result on from the event loop.
@@ -44,7 +50,29 @@ Q_SIGNALS:
     void StatusTextChange(const QString &text);
 
 private:
+    struct Document
+    {
+        QUrl url;
+        QString id;
+    };
+
+    void OnLoading(const QWebEngineLoadingInfo &info);
+    void OnUrlChanged(const QUrl &url);
+    void Complete(const QUrl &url);
+    void ReportStatusText(const QString &text);
+    void ReportChanges(int result, const QList<ElementChange> &changes, const QString &address);
+    /// Runs `task` from the event loop, after everything that was queued before.
+    void Queue(const std::function<void()> &task);
+
     QWebEngineView *view = nullptr;
+    LocalPage *page = nullptr;
+    bool isLoading = false;
+    bool isReportingStatus = false;
+    QString newestDocumentId;
+    /// What completed last by the engine's account, and by the account of our listeners, whom the
+    /// event loop tells a little later.
+    QUrl loadedUrl;
+    Document reported;
 };
 
 } // namespace Tesk

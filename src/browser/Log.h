@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QLoggingCategory>
+
+namespace Tesk {
+
+/// "tesk.browser": loads that failed, members that are missing, changes that were dropped.
+Q_DECLARE_LOGGING_CATEGORY(browserLog)
+/// "tesk.browser.gate": requests that were refused.
+Q_DECLARE_LOGGING_CATEGORY(gateLog)
+/// "tesk.browser.page": what the pages' own scripts report on their console.
+Q_DECLARE_LOGGING_CATEGORY(pageLog)
+
+} // namespace Tesk

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "browser/Address.h"
+#include "browser/Engine.h"
+#include "browser/LocalProfile.h"
+#include "browser/WebBrowser.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QVariant>
+#include <QWebEngineProfile>
+
+#include <memory>
+#include <optional>
+
+namespace Tesk {
+
+/// An application directory whose path holds all that addresses trip over, and a browser on it.
+class BrowserFixture
+{
+public:
+    BrowserFixture()
+    {
+        const QString folder = QStringLiteral("Gerät #1 50%41 ? neu");
+        if (!QDir(temporary.path()).mkpath(folder + QStringLiteral("/content")))
+            qFatal("the application directory cannot be made");
+        directory = temporary.filePath(folder);
+        if (!QFile::copy(QStringLiteral(TEST_CONTAINER), Path(QStringLiteral("resources.chm"))))
+            qFatal("the container cannot be copied");
+        profile.reset(
+            CreateLocalProfile(Path(QStringLiteral("resources.chm")), directory, nullptr));
+        browser = std::make_unique<WebBrowser>(profile.get());
+        browser->resize(800, 600);
+        browser->show();
+    }
+
+    QString Path(const QString &name) const { return directory + u'/' + name; }
+
+    /// The address of a page in the folder `content`, as the program spells it.
+    QString Page(const QString &name) const
+    {
+        return QStringLiteral("file://") + Path(QStringLiteral("content/")) + name;
+    }
+
+    /// The address of a member of the container, as the program spells it.
+    QString Member(const QString &name) const
+    {
+        return QStringLiteral("mk:@MSITStore:") + Path(QStringLiteral("resources.chm::")) + name;
+    }
+
+    void Write(const QString &name, const QByteArray &content) const
+    {
+        QFile file(Path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            qFatal("a file of the test cannot be written");
+    }
+
+    /// Writes a page into the folder `content` and gives its address.
+    QString WritePage(const QString &name, const QByteArray &html) const
+    {
+        Write(QStringLiteral("content/") + name, html);
+        return Page(name);
+    }
+
+    /// Navigates and waits for the page of this address to complete.
+    bool Open(const QString &address)
+    {
+        QSignalSpy complete(browser.get(), &WebBrowser::DocumentComplete);
+        browser->Navigate(address);
+        return complete.wait(waitTime) && complete.first().first().toString() == address;
+    }
+
+    /// The result of a script in the page; an invalid value when none came.
+    QVariant Evaluate(const QString &script)
+    {
+        const auto result = std::make_shared<std::optional<QVariant>>();
+        browser->RunScript(script, [result](const QVariant &value) { *result = value; });
+        if (!QTest::qWaitFor([&result] { return result->has_value(); }, waitTime))
+            return {};
+        return result->value();
+    }
+
+    WebBrowser &Browser() { return *browser; }
+    QWebEngineProfile &Profile() { return *profile; }
+
+    static constexpr int waitTime = 10'000;
+
+private:
+    QTemporaryDir temporary;
+    QString directory;
+    std::unique_ptr<QWebEngineProfile> profile;
+    std::unique_ptr<WebBrowser> browser;
+};
+
+/// The main function of a test that needs the engine.
+template <typename Test>
+int RunEngineTest(int argc, char **argv)
+{
+    ConfigureEngine();
+    QApplication application(argc, argv);
+    Test test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+} // namespace Tesk
