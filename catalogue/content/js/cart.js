@@ -1,0 +1,153 @@
+'use strict';
+
+/*
+ * The fields and delete links of the shopping cart. An edit is reported through window.status when its
+ * field is left; the program stores what it is told and does not load the page anew.
+ */
+(() => {
+    const smallestAmount = 1;
+    const largestAmount = 999;
+    const wholeNumber = /^\d+$/;
+    const anyNumber = /^[+-]?\d+([.,]\d+)?$/;
+
+    /** What each field held when it was entered or last reported. */
+    const reported = new WeakMap();
+    let pointerIsDown = false;
+
+    const isAmount = field => field.classList.contains('amountField');
+
+    function isValidAmount(text) {
+        const number = Number(text);
+        return wholeNumber.test(text) && number >= smallestAmount && number <= largestAmount;
+    }
+
+    /** The amount that stands for any text at all: the nearest one allowed, or 1 for no number. */
+    function nearestAmount(text) {
+        if (!anyNumber.test(text))
+            return smallestAmount;
+        const number = Math.round(Number(text.replace(',', '.')));
+        return Math.min(Math.max(number, smallestAmount), largestAmount);
+    }
+
+    // A row that grew while the button is held would move the thing clicked from under the pointer.
+    function whenPointerIsUp(action) {
+        if (pointerIsDown)
+            document.addEventListener('pointerup', () => setTimeout(action), { once: true });
+        else
+            action();
+    }
+
+    function clearError(field) {
+        field.classList.remove('inError');
+        field.removeAttribute('aria-describedby');
+        const text = document.getElementById(field.id + 'Error');
+        if (text)
+            text.remove();
+    }
+
+    function showError(field, errorText) {
+        field.classList.add('inError');
+        if (!errorText)
+            return;
+        whenPointerIsUp(() => {
+            if (!field.classList.contains('inError') || document.getElementById(field.id + 'Error'))
+                return;
+            const text = document.createElement('div');
+            text.id = field.id + 'Error';
+            text.className = 'errorText';
+            text.setAttribute('role', 'alert');
+            text.textContent = errorText;
+            field.after(text);
+            field.setAttribute('aria-describedby', text.id);
+        });
+    }
+
+    function reportAmount(field, errorText) {
+        const text = field.value.trim();
+        const valid = isValidAmount(text);
+        // The page has to show what the program stores, so it tells the program what it shows.
+        field.value = String(valid ? Number(text) : nearestAmount(text));
+        clearError(field);
+        if (!valid)
+            showError(field, errorText);
+        window.status = `amountChange:${field.id}:${field.value}`;
+    }
+
+    function reportCategory(field) {
+        // Straight quotation marks would end the value of the field when the page is written again.
+        field.value = field.value.replace(/"/g, '\u201d');
+        window.status = `altCategoryChange:${field.id}:${field.value}`;
+    }
+
+    /** A field was entered. */
+    function activateAlert(field) {
+        reported.set(field, field.value);
+    }
+
+    /** A field was left: an edit is reported, and one that is no amount is put right with this text. */
+    function setAmount(field, errorText) {
+        if (reported.get(field) === field.value) {
+            clearError(field);
+            return;
+        }
+        if (isAmount(field))
+            reportAmount(field, errorText);
+        else
+            reportCategory(field);
+        reported.set(field, field.value);
+    }
+
+    function delItem(key) {
+        window.status = `delItem:${key}`;
+    }
+
+    Object.assign(window, { activateAlert, setAmount, delItem });
+
+    function isField(element) {
+        return element instanceof HTMLInputElement && element.closest('#list') !== null;
+    }
+
+    /** The same column's field in the next row, or nothing behind the last. */
+    function fieldBelow(field) {
+        const kind = isAmount(field) ? '.amountField' : '.catField';
+        const column = [...document.querySelectorAll(`#list ${kind}`)];
+        return column[column.indexOf(field) + 1];
+    }
+
+    function commit(field) {
+        const next = fieldBelow(field);
+        field.blur();
+        if (next) {
+            next.focus();
+            next.select();
+        }
+    }
+
+    document.addEventListener('keydown', event => {
+        const field = event.target;
+        if (!isField(field) || event.isComposing)
+            return;
+        if (event.key === 'Enter') {
+            event.preventDefault();
+            commit(field);
+        } else if (event.key === 'Escape') {
+            field.value = reported.get(field);
+            field.select();
+        }
+    });
+
+    document.addEventListener('input', event => {
+        if (isField(event.target))
+            clearError(event.target);
+    });
+
+    document.addEventListener('pointerdown', () => { pointerIsDown = true; }, true);
+    document.addEventListener('pointerup', () => { pointerIsDown = false; }, true);
+    document.addEventListener('pointercancel', () => { pointerIsDown = false; }, true);
+
+    // A command from outside the page may load it anew without the field losing the focus first.
+    window.addEventListener('beforeunload', () => {
+        if (isField(document.activeElement))
+            document.activeElement.blur();
+    });
+})();

@@ -1,0 +1,109 @@
+'use strict';
+
+/*
+ * What the rows of the catalogue pages call: the mark under the pointer, the preview picture and the
+ * request to put an instrument into the shopping cart. The program hears the pages through
+ * window.status alone.
+ */
+(() => {
+    const ground = 'ffffff';
+    const pointerGap = 16;
+    const windowEdge = 8;
+
+    let preview = null;
+    let requests = 0;
+
+    /** Marks the element as the one under the pointer; the ground's own colour takes the mark away. */
+    function changeBackgroundColor(id, colour) {
+        const element = document.getElementById(id);
+        if (element)
+            element.classList.toggle('marked', colour.toLowerCase() !== ground);
+    }
+
+    /** Beside the pointer, on the side that has room, and wholly inside the window. */
+    function placePreview(event) {
+        const { offsetWidth: width, offsetHeight: height } = preview;
+        const { clientWidth, clientHeight } = document.documentElement;
+        const leftOfPointer = event.clientX - pointerGap - width;
+        const left = leftOfPointer >= windowEdge ? leftOfPointer : event.clientX + pointerGap;
+        const top = event.clientY + pointerGap;
+        preview.style.left = Math.max(windowEdge, Math.min(left, clientWidth - width - windowEdge)) + 'px';
+        preview.style.top = Math.max(windowEdge, Math.min(top, clientHeight - height - windowEdge)) + 'px';
+    }
+
+    /** Shows the element with this id as the preview; returns true when there is one. */
+    function showPopup(id, event) {
+        hideCurrentPopup();
+        preview = document.getElementById(id);
+        if (!preview)
+            return false;
+        preview.classList.add('shown');
+        placePreview(event);
+        return true;
+    }
+
+    function hideCurrentPopup() {
+        if (preview)
+            preview.classList.remove('shown');
+        preview = null;
+    }
+
+    /** Asks the program to put the product into the cart. An unchanged text would not be noticed. */
+    function setStatusbar(id) {
+        requests += 1;
+        window.status = `shoppingCart ${Date.now()}-${requests}:${id}`;
+    }
+
+    Object.assign(window, { changeBackgroundColor, showPopup, hideCurrentPopup, setStatusbar });
+
+    /** The part of an event's way that lies in an element matching the selector. */
+    function within(event, selector) {
+        return event.target instanceof Element ? event.target.closest(selector) : null;
+    }
+
+    // A row opens its product wherever it is clicked. Its links have a purpose of their own, and the
+    // preview has none, so their clicks must not reach the row.
+    document.addEventListener('click', event => {
+        if (within(event, 'tr a, .contListRowNext'))
+            event.stopPropagation();
+    }, true);
+
+    document.addEventListener('mousemove', event => {
+        if (preview)
+            placePreview(event);
+    });
+    window.addEventListener('scroll', hideCurrentPopup);
+
+    // Pictures that stand for a word say it as their tool tip too.
+    document.addEventListener('mouseover', event => {
+        const picture = within(event, 'img[alt]');
+        if (picture && picture.alt && !picture.title && !picture.closest('[title]'))
+            picture.title = picture.alt;
+    });
+
+    // The cells of the cart that open a product are no links of their own, so the keyboard needs help.
+    document.addEventListener('keydown', event => {
+        if (event.key === 'Enter' && within(event, 'td[onclick]') === event.target)
+            event.target.click();
+    });
+
+    // The style sheet shows the number of the current page without its brackets, once it knows it.
+    function noteCurrentPage() {
+        const cell = document.querySelector('#list > table:not([width]) td:nth-child(6)');
+        const number = cell ? cell.textContent.replace(/\D/g, '') : '';
+        const root = document.documentElement;
+        root.classList.toggle('paged', number !== '');
+        root.style.setProperty('--current-page', `"${number}"`);
+    }
+
+    document.addEventListener('DOMContentLoaded', () => {
+        const list = document.getElementById('list');
+        if (!list)
+            return;
+        new MutationObserver(() => {
+            noteCurrentPage();
+            for (const cell of list.querySelectorAll('td[onclick]:nth-child(3)'))
+                cell.tabIndex = 0;
+        }).observe(list, { childList: true });
+    });
+})();
