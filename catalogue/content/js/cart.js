@@ -10,9 +10,11 @@
     const wholeNumber = /^\d+$/;
     const anyNumber = /^[+-]?\d+([.,]\d+)?$/;
 
-    /** What each field held when it was entered or last reported. */
-    const reported = new WeakMap();
+    const entered = new WeakMap();
     let pointerIsDown = false;
+
+    /** What the field held when it was entered or last reported. */
+    const textBefore = field => entered.has(field) ? entered.get(field) : field.defaultValue;
 
     const isAmount = field => field.classList.contains('amountField');
 
@@ -81,12 +83,12 @@
 
     /** A field was entered. */
     function activateAlert(field) {
-        reported.set(field, field.value);
+        entered.set(field, field.value);
     }
 
     /** A field was left: an edit is reported, and one that is no amount is put right with this text. */
     function setAmount(field, errorText) {
-        if (reported.get(field) === field.value) {
+        if (textBefore(field) === field.value) {
             clearError(field);
             return;
         }
@@ -94,7 +96,7 @@
             reportAmount(field, errorText);
         else
             reportCategory(field);
-        reported.set(field, field.value);
+        entered.set(field, field.value);
     }
 
     function delItem(key) {
@@ -131,7 +133,7 @@
             event.preventDefault();
             commit(field);
         } else if (event.key === 'Escape') {
-            field.value = reported.get(field);
+            field.value = textBefore(field);
             field.select();
         }
     });
