@@ -32,8 +32,6 @@ public:
     TableDeclaration Parse()
     {
         reader.Expect("CREATE");
-        if (!reader.Accept("TEMP"))
-            reader.Accept("TEMPORARY");
         reader.Expect("TABLE");
         declaration.table.name = reader.ExpectName("a table");
         reader.Expect('(');

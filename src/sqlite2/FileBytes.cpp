@@ -7,6 +7,12 @@
 
 namespace Sqlite2 {
 
+std::filesystem::path JournalName(std::filesystem::path databaseName)
+{
+    databaseName += "-journal";
+    return databaseName;
+}
+
 std::string ReadFile(const std::filesystem::path &fileName)
 {
     std::error_code error;

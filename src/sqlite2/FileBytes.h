@@ -6,6 +6,9 @@
 
 namespace Sqlite2 {
 
+/// The name of the journal that belongs to a database file.
+std::filesystem::path JournalName(std::filesystem::path databaseName);
+
 /// The whole file. Throws Error when it is no regular file or cannot be read.
 std::string ReadFile(const std::filesystem::path &fileName);
 

@@ -15,8 +15,7 @@ namespace {
 
 std::string ReadJournal(const std::filesystem::path &databaseName)
 {
-    std::filesystem::path journalName = databaseName;
-    journalName += "-journal";
+    const std::filesystem::path journalName = JournalName(databaseName);
     std::error_code error;
     const bool isThere = std::filesystem::exists(journalName, error) || error;
     return isThere ? ReadFile(journalName) : std::string();

@@ -21,18 +21,22 @@ public:
     Writer(const Writer &) = delete;
     Writer &operator=(const Writer &) = delete;
 
-    /// Makes a table from its CREATE TABLE statement. Throws Error for a statement it cannot read.
+    /// Makes a table from its CREATE TABLE statement, with the indexes that its PRIMARY KEY and
+    /// UNIQUE constraints imply. Other constraints are kept as text and not checked. Throws Error
+    /// for a statement it cannot read or a name that is taken.
     void CreateTable(const std::string &sql);
 
     /// Makes an index from its CREATE INDEX statement over the rows added by Finish().
     void CreateIndex(const std::string &sql);
 
     /// Adds a row with one value a column, 8-bit text. The row id is the INTEGER PRIMARY KEY's
-    /// value, or one more than the largest so far. Throws Error for a wrong count or a used id.
+    /// value, or one more than the largest so far. Throws Error for a wrong count, a used id, or a
+    /// text with a NUL in it.
     void InsertRow(const std::string &table, const Row &row);
 
-    /// Writes the file, replacing one of that name. Throws Error when it cannot be written; the old
-    /// file then stands as it was.
+    /// Writes the file, replacing one of that name. Throws Error when a unique index has two equal
+    /// rows, when a journal stands beside the file, or when it cannot be written; the old file then
+    /// stands as it was.
     void Finish(const std::filesystem::path &fileName);
 
 private:
