@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 #include <memory>
@@ -13,10 +14,10 @@ class ResultTable;
 class CategoryNode
 {
 public:
-    QString key;  ///< "C" and the TREE_ID
-    QString text; ///< the title in the current language
-    QString tag;  ///< the category ID as text
-    const CategoryNode *parent = nullptr;
+    QString key;                          ///< "C" and the TREE_ID
+    QString text;                         ///< the title in the current language
+    QString tag;                          ///< the category ID as text
+    const CategoryNode *parent = nullptr; ///< nullptr for a top-level node
     std::vector<const CategoryNode *> children;
 
     bool HasChildren() const { return !children.empty(); }
@@ -31,8 +32,9 @@ class CategoryTree
 {
 public:
     /// Fills the tree from the columns ID, TREE_ID, parent and title (positions 0 to 3); a tree
-    /// that holds nodes takes the titles only. Throws SubscriptError for an unknown parent and
-    /// DuplicateKeyError for a TREE_ID that occurs twice.
+    /// that holds nodes takes the titles only. Throws SubscriptError for an unknown parent, or for
+    /// a title whose category the tree lacks, and DuplicateKeyError for a TREE_ID that occurs
+    /// twice; a tree that was empty then stays empty.
     void Fill(const ResultTable &categories);
 
     bool IsEmpty() const { return nodes.empty(); }
@@ -44,9 +46,14 @@ public:
     const CategoryNode *FindByTag(const QString &tag) const;
 
 private:
-    CategoryNode *Node(const QString &key) const;
+    void AddNode(const QString &tag, const QString &treeId, const QString &parentId,
+                 const QString &title);
+    void Relabel(const ResultTable &categories);
+    CategoryNode *ExistingNode(const QString &key) const;
 
     std::vector<std::unique_ptr<CategoryNode>> nodes;
+    QHash<QString, CategoryNode *> byKey;
+    QHash<QString, CategoryNode *> firstByTag;
 };
 
 } // namespace Tesk

@@ -6,11 +6,18 @@ class QWidget;
 
 namespace Tesk::FileDialog {
 
-/// The longest path that a dialog returns, in characters. A longer one counts as cancelled.
+/// The longest path that a dialog returns, in characters. A longer one counts as cancelled and
+/// leaves a line in the logging category "tesk.files".
 inline constexpr int MaxPathLength = 127;
 
-/// What Qt's dialog takes for a filter: a description and a pattern, parted by "|" or by a NUL.
-/// "Text (*.txt)|*.txt" becomes "Text (*.txt)".
+/// The file must exist; without it the open dialog takes any name.
+inline constexpr quint32 FileMustExist = 0x1000;
+/// The folder must exist, as it must in every dialog here.
+inline constexpr quint32 PathMustExist = 0x800;
+
+/// What Qt's dialog takes for a filter: descriptions and patterns in turn, each parted from the
+/// next by "|" or by a NUL. "Text (*.txt)|*.txt" becomes "Text (*.txt)"; several patterns of one
+/// description are parted by ";".
 QString ToQtFilter(const QString &filter);
 
 /// The chosen path with the system's separators; empty when cancelled or longer than MaxPathLength.

@@ -17,11 +17,13 @@ class LanguageSupport
 public:
     static constexpr int LanguageCount = 5;
 
-    /// `contentFolder` holds the five files loc_<code>.txt; `userLocale` chooses the first language.
-    LanguageSupport(Registry &registry, const QString &contentFolder,
-                    const QLocale &userLocale = QLocale::system());
+    /// `textFolder` holds the five files loc_<code>.txt; `localeOfUser` chooses the first language.
+    LanguageSupport(Registry &settings, const QString &textFolder,
+                    const QLocale &localeOfUser = QLocale::system());
 
-    /// Chooses the current language and reads the five files. Throws FileError for a file that is
+    /// Chooses the current language, by the setting `Location` or else by the user's locale, stores
+    /// the settings `Location` (when it is empty) and `Measure`, and reads the five files: 8-bit
+    /// text, a line "key=text" each, other lines are skipped. Throws FileError for a file that is
     /// missing or empty, DuplicateKeyError for a key that occurs twice in a file.
     void InitLanguages();
 
@@ -44,8 +46,6 @@ public:
     void SaveSetting(const QString &valueName, const QString &text);
 
 private:
-    void LoadTexts(int index);
-
     Registry &registry;
     QString contentFolder;
     QLocale userLocale;

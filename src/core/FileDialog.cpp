@@ -1,0 +1,63 @@
+#include "core/FileDialog.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QLoggingCategory>
+#include <QRegularExpression>
+#include <QStringList>
+
+namespace Tesk::FileDialog {
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcFiles, "tesk.files")
+
+/// Runs the dialog and gives the path that was chosen.
+QString ChosenPath(QFileDialog &dialog)
+{
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return QString();
+    QString path = QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+    if (path.size() > MaxPathLength) {
+        qCWarning(lcFiles) << "The path is longer than" << MaxPathLength << "characters:" << path;
+        return QString();
+    }
+    return path;
+}
+
+} // namespace
+
+QString ToQtFilter(const QString &filter)
+{
+    static const QRegularExpression separator(QStringLiteral("[|\\x{0}]"));
+    const QStringList parts = filter.split(separator);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString patterns = parts[i + 1];
+        if (patterns.isEmpty())
+            continue;
+        patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
+        const QString suffix = QStringLiteral("(%1)").arg(patterns);
+        // A description that ends with its patterns already names them as Qt wants them.
+        filters.append(parts[i].endsWith(suffix) ? parts[i] : parts[i] + QLatin1Char(' ') + suffix);
+    }
+    return filters.join(QLatin1String(";;"));
+}
+
+QString ShowOpenDialog(const QString &filter, quint32 flags, QWidget *owner)
+{
+    QFileDialog dialog(owner, QString(), QString(), ToQtFilter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(flags & FileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    return ChosenPath(dialog);
+}
+
+QString ShowSaveDialog(const QString &filter, quint32 /*ignored*/, QWidget *owner)
+{
+    QFileDialog dialog(owner, QString(), QString(), ToQtFilter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    return ChosenPath(dialog);
+}
+
+} // namespace Tesk::FileDialog

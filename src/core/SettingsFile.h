@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+#include <functional>
+
+namespace Tesk {
+
+/// One JSON object of objects in a file that several programs read and write. Failures are no
+/// errors to the caller; each leaves a line in the logging category "tesk.settings".
+class SettingsFile
+{
+public:
+    explicit SettingsFile(const QString &name);
+
+    /// The object as it stands on the disk now; empty when the file is absent, unreadable or
+    /// damaged.
+    QJsonObject Read() const;
+
+    /// Lets `change` alter the object while no other program writes, and replaces the file when it
+    /// did. The file stays as it was when it cannot be read or written; a damaged one is copied
+    /// beside itself before it is replaced.
+    void Update(const std::function<void(QJsonObject &)> &change) const;
+
+private:
+    enum class State { Usable, Damaged, Unreadable };
+
+    State Load(QJsonObject &root) const;
+    bool KeepCopy() const;
+    void Replace(const QJsonObject &root) const;
+
+    QString fileName;
+};
+
+} // namespace Tesk

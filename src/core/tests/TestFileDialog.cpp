@@ -1,0 +1,255 @@
+#include "core/FileDialog.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+using namespace Tesk;
+
+namespace {
+
+const QString PriceFilter = QStringLiteral("Tesk Price List (*.txt)|*.txt");
+
+/// Runs one action a dialog that appears, in their order.
+class DialogDriver : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit DialogDriver(std::vector<std::function<void(QDialog &)>> actionList)
+        : actions(std::move(actionList))
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool IsDone() const { return next == actions.size(); }
+
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        // Queued behind the show, when the dialog runs its own event loop.
+        if (event->type() == QEvent::Show && qobject_cast<QDialog *>(object))
+            QMetaObject::invokeMethod(this, "Act", Qt::QueuedConnection, Q_ARG(QObject *, object));
+        return false;
+    }
+
+    Q_INVOKABLE void Act(QObject *dialog)
+    {
+        if (!IsDone())
+            actions[next++](*qobject_cast<QDialog *>(dialog));
+    }
+
+private:
+    std::vector<std::function<void(QDialog &)>> actions;
+    size_t next = 0;
+};
+
+/// Types a path into the file dialog and confirms it.
+std::function<void(QDialog &)> Choose(const QString &path)
+{
+    return [path](QDialog &dialog) {
+        dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
+        QMetaObject::invokeMethod(&dialog, "accept");
+    };
+}
+
+std::function<void(QDialog &)> Answer(QMessageBox::StandardButton button)
+{
+    return [button](QDialog &dialog) {
+        qobject_cast<QMessageBox *>(&dialog)->button(button)->click();
+    };
+}
+
+void Cancel(QDialog &dialog)
+{
+    dialog.reject();
+}
+
+} // namespace
+
+class TestFileDialog : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<QTemporaryDir> folder;
+
+    QString MakeFile(const QString &name) const
+    {
+        QString path = folder->filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write("content") < 0)
+            qFatal("the test's file cannot be written");
+        return path;
+    }
+
+    /// A path of this many characters, in folders that exist.
+    QString PathOfLength(int length) const
+    {
+        const qsizetype missing = length - folder->path().size() - 1;
+        const QString subFolder = QString(40, QLatin1Char('d')) + QLatin1Char('/');
+        return subFolder + QString(missing - subFolder.size() - 4, QLatin1Char('f')) +
+               QStringLiteral(".txt");
+    }
+
+private Q_SLOTS:
+    void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
+    void init()
+    {
+        folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(folder->isValid());
+    }
+
+    void testFilters_data()
+    {
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<QString>("qtFilter");
+        const QChar nul(QChar::Null);
+        QTest::newRow("price list") << PriceFilter << QStringLiteral("Tesk Price List (*.txt)");
+        QTest::newRow("cart") << QStringLiteral("Tesk Shopping Cart (*.csv)") + nul +
+                                     QStringLiteral("*.csv")
+                              << QStringLiteral("Tesk Shopping Cart (*.csv)");
+        QTest::newRow("NULs at the end")
+            << QStringLiteral("Cart (*.csv)") + nul + QStringLiteral("*.csv") + nul + nul
+            << QStringLiteral("Cart (*.csv)");
+        QTest::newRow("description without its pattern")
+            << QStringLiteral("Price list|*.txt") << QStringLiteral("Price list (*.txt)");
+        QTest::newRow("other brackets in the description")
+            << QStringLiteral("List (customer)|*.txt") << QStringLiteral("List (customer) (*.txt)");
+        QTest::newRow("several patterns")
+            << QStringLiteral("Texts|*.txt;*.asc") << QStringLiteral("Texts (*.txt *.asc)");
+        QTest::newRow("several entries")
+            << QStringLiteral("Texts|*.txt|All|*") << QStringLiteral("Texts (*.txt);;All (*)");
+        QTest::newRow("none") << QString() << QString();
+    }
+
+    void testFilters()
+    {
+        QFETCH(QString, filter);
+        QFETCH(QString, qtFilter);
+        QCOMPARE(FileDialog::ToQtFilter(filter), qtFilter);
+    }
+
+    void testOpenGivesTheChosenFile()
+    {
+        const QString path = MakeFile(QStringLiteral("prices.txt"));
+        DialogDriver driver({Choose(path)});
+        QCOMPARE(FileDialog::ShowOpenDialog(PriceFilter, 0x1800, nullptr),
+                 QDir::toNativeSeparators(path));
+        QVERIFY(driver.IsDone());
+    }
+
+    void testOpenShowsTextFiles()
+    {
+        QStringList filters;
+        DialogDriver driver({[&filters](QDialog &dialog) {
+            filters = qobject_cast<QFileDialog *>(&dialog)->nameFilters();
+            dialog.reject();
+        }});
+        FileDialog::ShowOpenDialog(PriceFilter, 0x1800, nullptr);
+        QCOMPARE(filters, QStringList{QStringLiteral("Tesk Price List (*.txt)")});
+    }
+
+    void testOpenCancelledIsEmpty()
+    {
+        DialogDriver driver({Cancel});
+        QCOMPARE(FileDialog::ShowOpenDialog(PriceFilter, 0x1800, nullptr), QString());
+        QVERIFY(driver.IsDone());
+    }
+
+    void testOpenRefusesAMissingFile()
+    {
+        // The dialog says that the file is missing and stays open.
+        bool isOpen = false;
+        DialogDriver driver({[&](QDialog &dialog) {
+                                 Choose(folder->filePath(QStringLiteral("none.txt")))(dialog);
+                                 isOpen = dialog.isVisible();
+                                 dialog.reject();
+                             },
+                             Answer(QMessageBox::Ok)});
+        QCOMPARE(FileDialog::ShowOpenDialog(PriceFilter, 0x1800, nullptr), QString());
+        QVERIFY(driver.IsDone());
+        QVERIFY(isOpen);
+    }
+
+    void testPathOf127CharactersIsGiven()
+    {
+        const QString path = MakeFile(PathOfLength(127));
+        QCOMPARE(path.size(), 127);
+        DialogDriver driver({Choose(path)});
+        QCOMPARE(FileDialog::ShowOpenDialog(PriceFilter, 0x1800, nullptr),
+                 QDir::toNativeSeparators(path));
+    }
+
+    void testLongerPathIsEmpty()
+    {
+        const QString path = MakeFile(PathOfLength(128));
+        QCOMPARE(path.size(), 128);
+        DialogDriver driver({Choose(path)});
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("longer than 127")));
+        QCOMPARE(FileDialog::ShowOpenDialog(PriceFilter, 0x1800, nullptr), QString());
+        QVERIFY(driver.IsDone());
+    }
+
+    void testSaveGivesANewFilesPathAsTyped()
+    {
+        const QString path = folder->filePath(QStringLiteral("order"));
+        DialogDriver driver({Choose(path)});
+        QCOMPARE(FileDialog::ShowSaveDialog(PriceFilter, 0, nullptr),
+                 QDir::toNativeSeparators(path));
+        QVERIFY(!QFile::exists(path));
+    }
+
+    void testSaveAsksBeforeAFileIsReplaced()
+    {
+        const QString path = MakeFile(QStringLiteral("order.csv"));
+        DialogDriver driver({Choose(path), Answer(QMessageBox::Yes)});
+        QCOMPARE(FileDialog::ShowSaveDialog(PriceFilter, 0, nullptr),
+                 QDir::toNativeSeparators(path));
+        QVERIFY(driver.IsDone());
+    }
+
+    void testSaveStaysOpenWhenAFileIsNotToBeReplaced()
+    {
+        const QString path = MakeFile(QStringLiteral("order.csv"));
+        bool isOpen = false;
+        DialogDriver driver({[&](QDialog &dialog) {
+                                 Choose(path)(dialog);
+                                 isOpen = dialog.isVisible();
+                                 dialog.reject();
+                             },
+                             Answer(QMessageBox::No)});
+        QCOMPARE(FileDialog::ShowSaveDialog(PriceFilter, 0, nullptr), QString());
+        QVERIFY(driver.IsDone());
+        QVERIFY(isOpen);
+    }
+
+    void testSaveCancelledIsEmpty()
+    {
+        DialogDriver driver({Cancel});
+        QCOMPARE(FileDialog::ShowSaveDialog(PriceFilter, 0, nullptr), QString());
+        QVERIFY(driver.IsDone());
+    }
+
+    void testSaveLongerPathIsEmpty()
+    {
+        const QString path = folder->filePath(PathOfLength(128));
+        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+        DialogDriver driver({Choose(path)});
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("longer than 127")));
+        QCOMPARE(FileDialog::ShowSaveDialog(PriceFilter, 0, nullptr), QString());
+        QVERIFY(driver.IsDone());
+    }
+};
+
+QTEST_MAIN(TestFileDialog)
+#include "TestFileDialog.moc"
