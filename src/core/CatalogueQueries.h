@@ -16,10 +16,10 @@ class SQLiteWrapper;
 class CatalogueQueries
 {
 public:
-    /// `languageCode` answers the current language's code at the moment a statement is built;
-    /// `locale` is the one in whose notation the user types lengths.
-    CatalogueQueries(const SQLiteWrapper &database, std::function<QString()> languageCode,
-                     QLocale locale = QLocale::system());
+    /// `currentCode` answers the current language's code at the moment a statement is built;
+    /// `userLocale` is the one in whose notation the user types lengths.
+    CatalogueQueries(const SQLiteWrapper &catalogue, std::function<QString()> currentCode,
+                     QLocale userLocale = QLocale::system());
 
     ResultTable QueryCategories() const;
     ResultTable QueryProductsOfCategory(const QString &categoryId) const;

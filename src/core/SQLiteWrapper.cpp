@@ -1,0 +1,120 @@
+#include "core/SQLiteWrapper.h"
+
+#include "base/CodePage.h"
+#include "base/Errors.h"
+#include "core/database/CatalogueConnection.h"
+#include "core/database/Logging.h"
+#include "core/database/ReadGuard.h"
+#include "core/database/StatementRewriter.h"
+#include "core/database/StatementRunner.h"
+#include "core/database/TableSchema.h"
+
+#include <QDir>
+
+#include <exception>
+#include <utility>
+
+namespace Tesk {
+
+namespace {
+
+/// Plain names as they are written, not SQLite's short ones; pages of the file read in place.
+constexpr auto Settings = "PRAGMA short_column_names = OFF;"
+                          "PRAGMA full_column_names = OFF;"
+                          "PRAGMA query_only = ON;"
+                          "PRAGMA cache_size = -16384;"
+                          "PRAGMA mmap_size = 268435456";
+
+/// Text reaches a version 2 database in its 8-bit code page; behind a NUL no database reads on.
+QByteArray StatementText(const QString &sql, Database::FileVersion version)
+{
+    const qsizetype end = sql.indexOf(QChar::Null);
+    const QStringView text = QStringView(sql).first(end < 0 ? sql.size() : end);
+    if (version == Database::FileVersion::Three)
+        return text.toUtf8();
+    return CodePage::FromBytes(CodePage::ToBytes(text)).toUtf8();
+}
+
+} // namespace
+
+class SQLiteWrapper::Private
+{
+public:
+    QString cacheFolder;
+    Database::TableSchema schema;
+    Database::CatalogueConnection catalogue;
+
+    void Open(const QString &fileName);
+    ResultTable Run(const QString &sql) const;
+};
+
+void SQLiteWrapper::Private::Open(const QString &fileName)
+{
+    Database::CatalogueConnection opened = Database::OpenCatalogue(fileName, cacheFolder);
+    Database::Execute(opened.connection.get(), Settings);
+    schema = Database::TableSchema(opened.connection.get());
+    Database::GuardConnection(opened.connection.get(), schema);
+    catalogue = std::move(opened);
+}
+
+/// Throws FileError.
+ResultTable SQLiteWrapper::Private::Run(const QString &sql) const
+{
+    if (!catalogue.connection)
+        throw FileError(QStringLiteral("no catalogue database is open"));
+    const Database::RewrittenStatement statement =
+        Database::RewriteStatement(StatementText(sql, catalogue.version), schema);
+    return Database::RunStatement(catalogue.connection.get(), statement);
+}
+
+SQLiteWrapper::SQLiteWrapper(const QString &cacheFolder)
+    : d(std::make_unique<Private>())
+{
+    d->cacheFolder = cacheFolder;
+}
+
+SQLiteWrapper::~SQLiteWrapper() = default;
+
+bool SQLiteWrapper::Open(const QString &fileName)
+{
+    Close();
+    try {
+        d->Open(fileName);
+    } catch (const std::exception &error) {
+        qCWarning(Database::log).noquote()
+            << QStringLiteral("The catalogue %1 cannot be opened: %2.")
+                   .arg(QDir::toNativeSeparators(fileName), QString::fromUtf8(error.what()));
+    }
+    return IsOpen();
+}
+
+void SQLiteWrapper::Close()
+{
+    d->catalogue.connection.reset();
+}
+
+bool SQLiteWrapper::IsOpen() const
+{
+    return d->catalogue.connection != nullptr;
+}
+
+ResultTable SQLiteWrapper::GetTable(const QString &sql, QString *errorText) const
+{
+    QString error;
+    ResultTable table;
+    try {
+        table = d->Run(sql);
+    } catch (const std::exception &failure) {
+        error = QString::fromUtf8(failure.what());
+        // A search text may be long; its beginning tells the statement.
+        constexpr qsizetype longestShown = 300;
+        qCWarning(Database::log).noquote()
+            << QStringLiteral("No rows, %1: %2")
+                   .arg(error, sql.first(qMin(sql.size(), longestShown)));
+    }
+    if (errorText)
+        *errorText = error;
+    return table;
+}
+
+} // namespace Tesk

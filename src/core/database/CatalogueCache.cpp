@@ -1,0 +1,99 @@
+#include "core/database/CatalogueCache.h"
+
+#include "core/database/Logging.h"
+#include "core/database/SourceIdentity.h"
+
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace Tesk::Database {
+
+namespace {
+
+constexpr auto SealMark = "TeskSeal";
+
+QByteArray SealStart(const QByteArray &identity)
+{
+    return SealMark + identity;
+}
+
+/// The bytes that stand behind an image: mark, source, size and hash of the image, and a hash of
+/// these themselves. Their number depends on the identity's length alone.
+QByteArray SealOf(const QByteArray &identity, qint64 imageSize, quint64 imageHash)
+{
+    QByteArray seal = SealStart(identity);
+    QDataStream stream(&seal, QIODevice::WriteOnly | QIODevice::Append);
+    stream << imageSize << imageHash;
+    stream << HashOf(seal);
+    return seal;
+}
+
+/// A program that was ended while it wrote left its temporary file behind.
+void RemoveLeftovers(const QString &fileName)
+{
+    constexpr qint64 secondsOfAWrite = 3600;
+    const QFileInfo file(fileName);
+    const QDateTime limit = QDateTime::currentDateTime().addSecs(-secondsOfAWrite);
+    const QFileInfoList leftovers =
+        file.dir().entryInfoList({file.fileName() + QStringLiteral(".??????")}, QDir::Files);
+    for (const QFileInfo &leftover : leftovers) {
+        if (leftover.lastModified() < limit)
+            QFile::remove(leftover.filePath());
+    }
+}
+
+} // namespace
+
+QString CatalogueCache::FileNameOf(const QString &sourceName) const
+{
+    const QFileInfo source(sourceName);
+    const QString path = source.canonicalFilePath();
+    const QByteArray key =
+        QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha1).toHex().first(16);
+    return QDir(folder).filePath(QStringLiteral("catalog-%1.db").arg(QLatin1String(key)));
+}
+
+QString CatalogueCache::Find(const QString &sourceName, const QByteArray &identity) const
+{
+    if (folder.isEmpty())
+        return {};
+    QFile file(FileNameOf(sourceName));
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return {};
+    const qint64 imageSize = file.size() - SealOf(identity, 0, 0).size();
+    if (imageSize <= 0 || !file.seek(imageSize))
+        return {};
+    const QByteArray seal = file.readAll();
+    // Another source is told without reading the whole file.
+    if (!seal.startsWith(SealStart(identity)) || !file.seek(0))
+        return {};
+    const bool isWhole = seal == SealOf(identity, imageSize, HashOfContent(file, imageSize));
+    return isWhole ? file.fileName() : QString();
+}
+
+QString CatalogueCache::Store(const QString &sourceName, const QByteArray &identity,
+                              QByteArrayView image) const
+{
+    if (folder.isEmpty())
+        return {};
+    QSaveFile file(FileNameOf(sourceName));
+    const QByteArray seal = SealOf(identity, image.size(), HashOf(image));
+    if (!QDir().mkpath(folder) || !file.open(QIODevice::WriteOnly) ||
+        file.write(image.data(), image.size()) != image.size() || file.write(seal) != seal.size() ||
+        !file.commit()) {
+        qCWarning(log).noquote() << QStringLiteral(
+                                        "The catalogue cannot be kept in %1 (%2); it is read anew"
+                                        " at each start.")
+                                        .arg(QDir::toNativeSeparators(folder), file.errorString());
+        return {};
+    }
+    RemoveLeftovers(file.fileName());
+    return file.fileName();
+}
+
+} // namespace Tesk::Database

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string_view>
+
+struct sqlite3;
+
+namespace Tesk::Database {
+
+// The two ways in which a version 2 database compares the texts of a column, as collations of
+// SQLite 3. Texts are UTF-8 that came from the code page.
+
+inline constexpr const char *NumericCollation = "tesk_numeric";
+inline constexpr const char *TextCollation = "tesk_text";
+
+/// Whether the whole text is a decimal number: sign, digits, "." and digits, exponent; all but the
+/// first digits may be missing.
+bool IsNumber(std::string_view text);
+
+/// Two numbers by value, a number before any other text, two other texts as CompareText.
+int CompareNumeric(std::string_view left, std::string_view right);
+
+/// In the order of the code page's bytes.
+int CompareText(std::string_view left, std::string_view right);
+
+void RegisterCollations(sqlite3 *connection);
+
+} // namespace Tesk::Database

@@ -1,0 +1,83 @@
+#include "core/database/SourceIdentity.h"
+
+#include "base/CodePage.h"
+#include "base/Errors.h"
+#include "core/database/CatalogueImport.h"
+
+#include <QBuffer>
+#include <QDataStream>
+#include <QFile>
+#include <QHashFunctions>
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+namespace Tesk::Database {
+
+namespace {
+
+constexpr qint64 ChunkSize = 1 << 20;
+
+struct ContentHash
+{
+    qint64 size = -1; ///< −1 for a file that does not exist
+    quint64 hash = 0;
+};
+
+ContentHash HashOfFile(const QString &fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        throw FileError(file.errorString());
+    const qint64 size = file.size();
+    return {size, HashOfContent(file, size)};
+}
+
+quint64 CodePageHash()
+{
+    std::array<char, 256> bytes{};
+    std::iota(bytes.begin(), bytes.end(), '\0');
+    return HashOf(CodePage::FromBytes(QByteArrayView(bytes.data(), bytes.size())).toUtf8());
+}
+
+} // namespace
+
+QByteArray IdentityOf(const QString &fileName)
+{
+    const QString journalName = fileName + QStringLiteral("-journal");
+    const ContentHash content = HashOfFile(fileName);
+    const ContentHash journal =
+        QFile::exists(journalName) ? HashOfFile(journalName) : ContentHash();
+    QByteArray identity;
+    QDataStream stream(&identity, QIODevice::WriteOnly);
+    stream << ImportFormat << CodePageHash() << content.size << content.hash << journal.size
+           << journal.hash;
+    return identity;
+}
+
+quint64 HashOfContent(QIODevice &device, qint64 size)
+{
+    size_t hash = 0;
+    QByteArray chunk(std::min(size, ChunkSize), Qt::Uninitialized);
+    while (size > 0) {
+        const qint64 count = device.read(chunk.data(), std::min<qint64>(size, chunk.size()));
+        if (count < 0)
+            throw FileError(device.errorString());
+        if (count == 0)
+            break;
+        hash = qHashBits(chunk.constData(), static_cast<size_t>(count), hash);
+        size -= count;
+    }
+    return hash;
+}
+
+quint64 HashOf(QByteArrayView bytes)
+{
+    QByteArray content = QByteArray::fromRawData(bytes.data(), bytes.size());
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::ReadOnly);
+    return HashOfContent(buffer, content.size());
+}
+
+} // namespace Tesk::Database
