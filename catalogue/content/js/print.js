@@ -3,7 +3,8 @@
 /*
  * The program writes the captions of a table as its first row. For the printer that row becomes the
  * table's head, which stands on every sheet, and an empty foot keeps the rows clear of the address
- * line. Both go again when the printing is done.
+ * line. Rows that lack cells are filled up, so that the lines under them run through. All this goes
+ * again when the printing is done.
  */
 (() => {
     function captionedTables() {
@@ -11,12 +12,23 @@
             .filter(table => table.rows.length > 0 && table.rows[0].querySelector('.prodCaption'));
     }
 
+    const filler = 'filler';
+    const moreThanAnyRow = 12;
+
+    function addFiller(row) {
+        const cell = row.insertCell();
+        cell.className = filler;
+        cell.colSpan = moreThanAnyRow - row.cells.length;
+    }
+
     function dress() {
         for (const table of captionedTables()) {
             if (table.tHead)
                 continue;
             table.createTHead().append(table.rows[0]);
-            table.createTFoot().insertRow().insertCell().colSpan = 10;
+            table.createTFoot().insertRow().insertCell().colSpan = moreThanAnyRow;
+            if (table.align)
+                [table.tHead.rows[0], ...table.querySelectorAll('tr.contListRow')].forEach(addFiller);
         }
     }
 
@@ -27,6 +39,7 @@
             table.tBodies[0].prepend(table.tHead.rows[0]);
             table.deleteTHead();
             table.deleteTFoot();
+            table.querySelectorAll('.' + filler).forEach(cell => cell.remove());
         }
     }
 
