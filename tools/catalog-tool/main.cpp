@@ -1,0 +1,71 @@
+#include "BuildCommand.h"
+#include "UsageError.h"
+
+#include <QGuiApplication>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <map>
+
+namespace {
+
+constexpr int usageStatus = 2;
+
+constexpr char usage[] =
+    "Makes, checks, queries and generates product catalogues.\n"
+    "\n"
+    "  catalog-tool build SOURCES APPDIR    makes an application directory of a catalogue's "
+    "sources\n"
+    "  catalog-tool check SOURCES           reports every problem of the sources\n";
+
+using Command = std::function<int(const QStringList &arguments)>;
+
+/// Runs a command that renders pictures and text. It never shows a window, so it needs no
+/// display.
+Command WithoutDisplay(const Command &command, int &argc, char **argv)
+{
+    return [&argc, argv, command](const QStringList &arguments) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        // Qt warns when there is no such folder, as for root; nothing here needs one.
+        const QTemporaryDir runtimeFolder;
+        if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+            qputenv("XDG_RUNTIME_DIR", runtimeFolder.path().toLocal8Bit());
+        const QGuiApplication application(argc, argv);
+        return command(arguments);
+    };
+}
+
+int Run(int &argc, char **argv)
+{
+    const std::map<QString, Command> commands{
+        {QStringLiteral("build"), WithoutDisplay(Tesk::RunBuild, argc, argv)},
+        {QStringLiteral("check"), Tesk::RunCheck},
+    };
+
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const auto command = commands.find(arguments.value(0));
+    if (command == commands.end())
+        throw Tesk::UsageError(
+            arguments.isEmpty() ? QStringLiteral("name a command")
+                                : QStringLiteral("there is no command \"%1\"").arg(arguments[0]));
+    return command->second(arguments.mid(1));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    try {
+        return Run(argc, argv);
+    } catch (const Tesk::UsageError &error) {
+        std::fprintf(stderr, "catalog-tool: %s\n\n%s", error.what(), usage);
+        return usageStatus;
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "catalog-tool: %s\n", error.what());
+        return EXIT_FAILURE;
+    }
+}

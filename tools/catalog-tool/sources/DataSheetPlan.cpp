@@ -1,0 +1,28 @@
+#include "sources/DataSheetPlan.h"
+
+#include "sources/CatalogueSources.h"
+
+namespace Tesk {
+
+QString DataSheet::ArticleNumber() const
+{
+    return fileName.chopped(QLatin1String(".pdf").size())
+        .replace(QLatin1Char('_'), QLatin1Char(' '))
+        .replace(QLatin1Char('-'), QLatin1Char('/'))
+        .toUpper();
+}
+
+QList<DataSheet> PlanDataSheets(const CatalogueSources &sources)
+{
+    QList<DataSheet> sheets;
+    const QDir folder(sources.Folder().filePath(QStringLiteral("datasheets")));
+    for (const QFileInfo &file : folder.entryInfoList(QDir::Files, QDir::Name)) {
+        const bool isPage = file.suffix() == QLatin1String("html");
+        if (isPage || file.suffix() == QLatin1String("pdf"))
+            sheets.append({file.completeBaseName() + QLatin1String(".pdf"),
+                           QStringLiteral("datasheets/") + file.fileName(), isPage});
+    }
+    return sheets;
+}
+
+} // namespace Tesk
