@@ -2,6 +2,7 @@
 #include "UsageError.h"
 
 #include <QGuiApplication>
+#include <QHashFunctions>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -32,6 +33,8 @@ Command WithoutDisplay(const Command &command, int &argc, char **argv)
         const QTemporaryDir runtimeFolder;
         if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
             qputenv("XDG_RUNTIME_DIR", runtimeFolder.path().toLocal8Bit());
+        // Equal sources are to give equal files, whatever order a hash has.
+        QHashSeed::setDeterministicGlobalSeed();
         const QGuiApplication application(argc, argv);
         return command(arguments);
     };
@@ -47,6 +50,10 @@ int Run(int &argc, char **argv)
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
+    if (arguments.value(0) == QLatin1String("--help")) {
+        std::fputs(usage, stdout);
+        return EXIT_SUCCESS;
+    }
     const auto command = commands.find(arguments.value(0));
     if (command == commands.end())
         throw Tesk::UsageError(

@@ -12,7 +12,7 @@ constexpr qsizetype directoryOffsetOffset = 0x48;
 constexpr qsizetype headerSize = 0x60;
 constexpr qsizetype blockSizeOffset = 0x10;
 constexpr qsizetype firstBlockOffset = 0x20;
-constexpr qsizetype blockCountOffset = 0x28;
+constexpr qsizetype blockCountOffset = 0x2C;
 constexpr qsizetype directoryHeaderSize = 0x54;
 
 // In a block of listed members.

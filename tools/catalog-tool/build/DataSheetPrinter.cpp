@@ -100,6 +100,16 @@ private:
     QPainter painter;
 };
 
+/// Takes the time of printing out of the file, without moving anything that the file's own table
+/// of places refers to.
+void ClearTime(QByteArray &pdf)
+{
+    const qsizetype start = pdf.indexOf("/CreationDate (");
+    const qsizetype end = start < 0 ? -1 : pdf.indexOf(')', start);
+    if (end >= 0)
+        pdf.replace(start, end + 1 - start, QByteArray(end + 1 - start, ' '));
+}
+
 } // namespace
 
 QByteArray PrintDataSheet(const QString &htmlFile)
@@ -127,6 +137,7 @@ QByteArray PrintDataSheet(const QString &htmlFile)
 
     SheetPainter(writer, document, area).Paint();
     buffer.close();
+    ClearTime(bytes);
     return bytes;
 }
 

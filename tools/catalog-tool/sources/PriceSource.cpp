@@ -7,6 +7,12 @@
 
 namespace Tesk {
 
+namespace {
+
+constexpr QLatin1String columnNames("artNr\tprice");
+
+} // namespace
+
 QString Price::Key() const
 {
     return QString(artNr).remove(QLatin1Char(' '));
@@ -17,7 +23,11 @@ PriceSource::PriceSource(const QDir &folder, Problems &problems)
     if (!folder.exists(File()))
         return;
     const QStringList lines = ReadSourceLines(folder, File(), problems);
-    for (int i = 0; i < lines.size(); ++i) {
+    if (lines.value(0) != columnNames)
+        problems.Add(File(), 1,
+                     QStringLiteral("the first line has to name the columns artNr and price, with "
+                                    "one tab between them; add it"));
+    for (int i = 1; i < lines.size(); ++i) {
         const QStringList parts = lines[i].split(QLatin1Char('\t'));
         if (parts.size() != 2) {
             problems.Add(File(), i + 1,

@@ -19,8 +19,8 @@ struct Price
     QString Key() const;
 };
 
-/// The price list, `prices.tsv`: a line `article number TAB price` each. Not every catalogue comes
-/// with prices, so the file may be missing.
+/// The price list, `prices.tsv`: the line of column names that tables have, then a line `article
+/// number TAB price` each. Not every catalogue comes with prices, so the file may be missing.
 class PriceSource final
 {
 public:
