@@ -1,8 +1,5 @@
 #include "Scratch.h"
 
-#include "sqlite2/Error.h"
-#include "sqlite2/Reader.h"
-
 #include <QFile>
 
 #include <stdexcept>
@@ -36,20 +33,6 @@ QByteArray MakeDatabase(ByteOrder order, const std::function<void(Writer &)> &fi
     fill(writer);
     writer.Finish(scratch.File());
     return scratch.Bytes();
-}
-
-std::string ReadEverything(const std::filesystem::path &file, std::size_t &rowCount)
-{
-    rowCount = 0;
-    try {
-        const Reader reader(file);
-        for (const Table &table : reader.Tables()) {
-            reader.ReadRows(table, [&](std::int32_t, const Row &) { ++rowCount; });
-        }
-    } catch (const Error &error) {
-        return error.what();
-    }
-    return {};
 }
 
 } // namespace Sqlite2

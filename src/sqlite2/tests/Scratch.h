@@ -29,8 +29,4 @@ private:
 /// The bytes of a database that the function fills.
 QByteArray MakeDatabase(ByteOrder order, const std::function<void(Writer &)> &fill);
 
-/// Every row of every table, or what Error said: what the damage tests ask of any bytes. Counts the
-/// rows in passing.
-std::string ReadEverything(const std::filesystem::path &file, std::size_t &rowCount);
-
 } // namespace Sqlite2

@@ -1,0 +1,374 @@
+#include "Scratch.h"
+#include "StructureChecker.h"
+
+#include "sqlite2/Database.h"
+#include "sqlite2/Error.h"
+#include "sqlite2/Reader.h"
+
+#include <QTest>
+#include <QtEndian>
+
+using namespace Sqlite2;
+
+namespace {
+
+constexpr int pageSize = 1024;
+
+/// Small, but with all that pages can be: an inner page and its leaves, overflow chains of one and
+/// of two pages, record offsets of one and two bytes, an index, a row id column, an empty table.
+QByteArray SmallDatabase(ByteOrder order)
+{
+    return MakeDatabase(order, [](Writer &writer) {
+        writer.CreateTable(
+            "CREATE TABLE \"the rows\"(id INTEGER PRIMARY KEY, 'a b' VARCHAR(10), n)");
+        writer.CreateIndex("CREATE INDEX i ON [the rows](n)");
+        writer.CreateTable("CREATE TABLE none(a)");
+        for (int i = 1; i <= 9; ++i)
+            writer.InsertRow("the rows", {{}, std::string(180, static_cast<char>('a' + i)), "7"});
+        writer.InsertRow("the rows", {{}, std::string(600, 'x'), {}});
+        writer.InsertRow("the rows", {{}, std::string(1400, 'y'), ""});
+    });
+}
+
+/// What comes without an error must at least be rows that stand in the file, in their order.
+void ReadTable(Database &database, const Table &table, std::string_view fileText)
+{
+    constexpr std::size_t longestInOnePage = 200;
+    std::int64_t previous = std::numeric_limits<std::int64_t>::min();
+    for (TableRows rows = database.Rows(table); rows.Next();) {
+        const Row &row = rows.Values();
+        if (rows.RowId() <= previous || row.size() != table.columns.size())
+            throw std::logic_error("rows out of order or of another width");
+        previous = rows.RowId();
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            const bool isStored = row[i] && static_cast<int>(i) != table.rowIdColumn;
+            if (isStored && row[i]->size() <= longestInOnePage &&
+                fileText.find(*row[i]) == std::string_view::npos)
+                throw std::logic_error("a value that the file does not hold");
+        }
+    }
+}
+
+/// Reads everything and gives what Error said; nothing when all could be read.
+std::string ReadDamaged(const QByteArray &bytes, const QByteArray &journal = {})
+{
+    const std::string fileText = bytes.toStdString();
+    const std::string journalText = journal.toStdString();
+    try {
+        Database database(fileText, journalText);
+        for (const Table &table : database.Tables())
+            ReadTable(database, table, fileText + journalText);
+    } catch (const Error &error) {
+        return error.what();
+    }
+    return {};
+}
+
+} // namespace
+
+class DamageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void testEveryByteDamaged_data();
+    void testEveryByteDamaged();
+    void testEveryTruncation_data();
+    void testEveryTruncation();
+    void testEveryJournalByteDamaged();
+
+    void testHostilePages_data();
+    void testHostilePages();
+    void testForeignFiles_data();
+    void testForeignFiles();
+    void testHostileSchema_data();
+    void testHostileSchema();
+    void testErrorNamesFileAndTable();
+    void testNewerFileFormatIsAnError();
+    void testManyTablesOverOneTreeAreAnError();
+};
+
+void DamageTest::testEveryByteDamaged_data()
+{
+    QTest::addColumn<bool>("isBigEndian");
+    QTest::newRow("little-endian") << false;
+    QTest::newRow("big-endian") << true;
+}
+
+void DamageTest::testEveryByteDamaged()
+{
+    QFETCH(bool, isBigEndian);
+    const QByteArray sound = SmallDatabase(isBigEndian ? ByteOrder::Big : ByteOrder::Little);
+    QCOMPARE(ReadDamaged(sound), std::string());
+
+    int cases = 0;
+    int errors = 0;
+    for (qsizetype i = 0; i < sound.size(); ++i) {
+        const auto flipped = static_cast<char>(sound[i] ^ (1 << i % 8));
+        for (const char damage : {'\x00', '\xff', flipped}) {
+            QByteArray bytes = sound;
+            bytes[i] = damage;
+            const std::string error = ReadDamaged(bytes);
+            ++cases;
+            errors += error.empty() ? 0 : 1;
+            const bool isHeader = i < 52 && damage != sound[i];
+            QVERIFY2(!isHeader || !error.empty(), qPrintable(QString::number(i)));
+        }
+    }
+    qInfo("%d cases, %d of them reported as errors", cases, errors);
+    QCOMPARE(cases, sound.size() * 3);
+    QVERIFY(errors > cases / 20);
+}
+
+void DamageTest::testEveryTruncation_data()
+{
+    testEveryByteDamaged_data();
+}
+
+void DamageTest::testEveryTruncation()
+{
+    QFETCH(bool, isBigEndian);
+    const QByteArray sound = SmallDatabase(isBigEndian ? ByteOrder::Big : ByteOrder::Little);
+    for (qsizetype size = 0; size < sound.size(); ++size) {
+        const QByteArray bytes = sound.left(size);
+        const std::string error = ReadDamaged(bytes);
+        // Every page of this file is in use, so none can be missed without an error but those of
+        // the index at its end.
+        if (size % pageSize != 0)
+            QVERIFY2(!error.empty(), qPrintable(QString::number(size)));
+    }
+    qInfo("%lld cases", static_cast<long long>(sound.size()));
+}
+
+void DamageTest::testEveryJournalByteDamaged()
+{
+    const QByteArray before = MakeDatabase(ByteOrder::Little, [](Writer &writer) {
+        writer.CreateTable("CREATE TABLE t(a)");
+        writer.InsertRow("t", {"before"});
+    });
+    QByteArray journal("\xd9\xd5\x05\xf9\x20\xa1\x63\xd6\0\0\0\x03\0\0\0\x05\0\0\0\x03", 20);
+    for (int page = 1; page <= 3; ++page) {
+        journal += QByteArray("\0\0\0", 3) + static_cast<char>(page) +
+                   before.mid((page - 1) * pageSize, pageSize) + QByteArray("\0\0\0", 3) +
+                   static_cast<char>(page + 5);
+    }
+    const QByteArray after = SmallDatabase(ByteOrder::Little);
+    QCOMPARE(ReadDamaged(after, journal), std::string());
+
+    int cases = 0;
+    int errors = 0;
+    for (qsizetype i = 0; i < journal.size(); ++i) {
+        for (const char damage : {'\x00', '\xff', static_cast<char>(journal[i] ^ (1 << i % 8))}) {
+            QByteArray bytes = journal;
+            bytes[i] = damage;
+            const std::string error = ReadDamaged(after, bytes);
+            ++cases;
+            errors += error.empty() ? 0 : 1;
+            // The first eight bytes say that it is a journal.
+            QVERIFY2(i >= 8 || damage == journal[i] || !error.empty(),
+                     qPrintable(QString::number(i)));
+        }
+        ReadDamaged(after, journal.left(i));
+        ++cases;
+    }
+    qInfo("%d cases, %d of them reported as errors", cases, errors);
+    QVERIFY(errors > 0);
+}
+
+void DamageTest::testHostilePages_data()
+{
+    QTest::addColumn<int>("page");
+    QTest::addColumn<int>("offset");
+    QTest::addColumn<QByteArray>("bytes");
+    // In the little-endian file below, page 3 is the table's inner root, 6 and 7 are its leaves,
+    // 4 and 5 the overflow chain of the last row.
+    const QByteArray all("\xff\xff\xff\xff", 4);
+    const auto number = [](quint32 value) {
+        QByteArray bytes(4, '\0');
+        qToLittleEndian(value, bytes.data());
+        return bytes;
+    };
+    QTest::newRow("right child is the page itself") << 3 << 0 << number(3);
+    QTest::newRow("right child is the left one") << 3 << 0 << number(6);
+    QTest::newRow("right child is the header page") << 3 << 0 << number(1);
+    QTest::newRow("right child is the schema") << 3 << 0 << number(2);
+    QTest::newRow("right child leaves the file") << 3 << 0 << number(9);
+    QTest::newRow("right child is far out") << 3 << 0 << all;
+    QTest::newRow("leaf's right child is its parent") << 7 << 0 << number(3);
+    QTest::newRow("left child is the page itself") << 3 << 8 << number(3);
+    QTest::newRow("left child leaves the file") << 3 << 8 << all;
+    QTest::newRow("first cell lies in the header") << 6 << 4 << QByteArray("\x04\0", 2);
+    QTest::newRow("first cell is not aligned") << 6 << 4 << QByteArray("\x0a\0", 2);
+    QTest::newRow("first cell reaches out of the page") << 6 << 4 << QByteArray("\xf8\x03", 2);
+    QTest::newRow("first cell is out of the page") << 6 << 4 << QByteArray("\xff\xff", 2);
+    QTest::newRow("next cell is the cell itself") << 6 << 8 + 6 << QByteArray("\x08\0", 2);
+    QTest::newRow("next cell is out of the page") << 6 << 8 + 6 << QByteArray("\xff\xff", 2);
+    QTest::newRow("key of another size") << 6 << 8 + 4 << QByteArray("\x05\0", 2);
+    QTest::newRow("key of 16 MB") << 6 << 8 + 8 << QByteArray("\xff", 1);
+    QTest::newRow("data of 16 MB") << 6 << 8 + 9 << QByteArray("\xff", 1);
+    QTest::newRow("data of no size") << 6 << 8 + 10 << QByteArray("\0\0", 2);
+    QTest::newRow("keys out of order") << 6 << 8 + 12 << QByteArray("\xff\xff\xff\xff", 4);
+    QTest::newRow("first value begins elsewhere") << 6 << 8 + 16 << QByteArray("\x01", 1);
+    QTest::newRow("value ends before it begins") << 6 << 8 + 17 << QByteArray("\x01", 1);
+    QTest::newRow("value ends behind the record") << 6 << 8 + 17 << QByteArray("\xff", 1);
+    QTest::newRow("overflow chain is a loop") << 4 << 0 << number(4);
+    QTest::newRow("overflow chain runs into the tree") << 4 << 0 << number(6);
+    QTest::newRow("overflow chain leaves the file") << 4 << 0 << all;
+    QTest::newRow("overflow chain ends too early") << 4 << 0 << number(0);
+    QTest::newRow("overflow chain goes on") << 5 << 0 << number(2);
+}
+
+void DamageTest::testHostilePages()
+{
+    QFETCH(int, page);
+    QFETCH(int, offset);
+    QFETCH(QByteArray, bytes);
+    QByteArray database = MakeDatabase(ByteOrder::Little, [](Writer &writer) {
+        writer.CreateTable("CREATE TABLE t(a)");
+        for (int i = 0; i < 6; ++i)
+            writer.InsertRow("t", {std::string(180, 'r')});
+        writer.InsertRow("t", {std::string(1500, 'o')});
+    });
+    // The map of pages that the cases rely on.
+    QCOMPARE(database.size(), 7 * pageSize);
+    QVERIFY(database.mid(5 * pageSize + 26).startsWith("rrr"));
+    QVERIFY(database.mid(3 * pageSize + 4).startsWith("ooo"));
+    QCOMPARE(ReadDamaged(database), std::string());
+
+    database.replace((page - 1) * pageSize + offset, bytes.size(), bytes);
+    QVERIFY(!ReadDamaged(database).empty());
+}
+
+void DamageTest::testForeignFiles_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    const QByteArray header("** This file contains an SQLite 2.1 database **\0", 48);
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("text") << QByteArray("id;name\r\n1;x\r\n");
+    QTest::newRow("version 3") << QByteArray("SQLite format 3\0", 16) + QByteArray(4080, '\0');
+    QTest::newRow("header only") << header;
+    QTest::newRow("no byte-order mark") << header + QByteArray(2 * pageSize - 48, '\0');
+    QTest::newRow("no second page")
+        << header + QByteArray("\x28\x75\xe3\xda", 4) + QByteArray(pageSize - 52, '\0');
+    QTest::newRow("zeros") << QByteArray(4 * pageSize, '\0');
+    QTest::newRow("ones") << QByteArray(4 * pageSize, '\xff');
+}
+
+void DamageTest::testForeignFiles()
+{
+    QFETCH(QByteArray, bytes);
+    QVERIFY(!ReadDamaged(bytes).empty());
+}
+
+void DamageTest::testHostileSchema_data()
+{
+    QTest::addColumn<QByteArray>("from");
+    QTest::addColumn<QByteArray>("to");
+    // Each keeps the length, so that the record around it stays sound.
+    QTest::newRow("statement") << QByteArray("CREATE TABLE t(a") << QByteArray("CREATE TABLE t(,");
+    QTest::newRow("index statement") << QByteArray("ON t(b)") << QByteArray("ON t(()");
+    QTest::newRow("type") << QByteArray("table\0t\0", 8) << QByteArray("tabla\0t\0", 8);
+    QTest::newRow("root page 0") << QByteArray("\0"
+                                               "3\0CREATE",
+                                               9)
+                                 << QByteArray("\0"
+                                               "0\0CREATE",
+                                               9);
+    QTest::newRow("root page 1") << QByteArray("\0"
+                                               "3\0CREATE",
+                                               9)
+                                 << QByteArray("\0"
+                                               "1\0CREATE",
+                                               9);
+    QTest::newRow("root page is the schema") << QByteArray("\0"
+                                                           "3\0CREATE",
+                                                           9)
+                                             << QByteArray("\0"
+                                                           "2\0CREATE",
+                                                           9);
+    QTest::newRow("root page leaves the file") << QByteArray("\0"
+                                                             "3\0CREATE",
+                                                             9)
+                                               << QByteArray("\0"
+                                                             "9\0CREATE",
+                                                             9);
+    QTest::newRow("root page is no number") << QByteArray("\0"
+                                                          "3\0CREATE",
+                                                          9)
+                                            << QByteArray("\0"
+                                                          "x\0CREATE",
+                                                          9);
+    QTest::newRow("root page is the other table's") << QByteArray("\0"
+                                                                  "5\0CREATE",
+                                                                  9)
+                                                    << QByteArray("\0"
+                                                                  "3\0CREATE",
+                                                                  9);
+    QTest::newRow("name is another's") << QByteArray("\0u\0u\0", 5) << QByteArray("\0T\0T\0", 5);
+    QTest::newRow("index of no table") << QByteArray("\0i\0t\0", 5) << QByteArray("\0i\0x\0", 5);
+}
+
+void DamageTest::testHostileSchema()
+{
+    QFETCH(QByteArray, from);
+    QFETCH(QByteArray, to);
+    QByteArray database = MakeDatabase(ByteOrder::Little, [](Writer &writer) {
+        writer.CreateTable("CREATE TABLE t(a, b)");
+        writer.CreateIndex("CREATE INDEX i ON t(b)");
+        writer.CreateTable("CREATE TABLE u(a)");
+    });
+    QCOMPARE(ReadDamaged(database), std::string());
+
+    const qsizetype at = database.indexOf(from);
+    QVERIFY(at > 0);
+    QCOMPARE(from.size(), to.size());
+    database.replace(at, to.size(), to);
+    QVERIFY(!ReadDamaged(database).empty());
+}
+
+void DamageTest::testErrorNamesFileAndTable()
+{
+    QByteArray database = SmallDatabase(ByteOrder::Little);
+    const quint32 root = StructureChecker(database).RootPages().value("the rows");
+    database.replace((root - 1) * pageSize, 4, "\xff\xff\xff\xff", 4);
+    const Scratch scratch;
+    scratch.Write(database);
+    const Reader reader(scratch.File());
+    try {
+        reader.ReadRows(*reader.FindTable("the rows"), [](std::int32_t, const Row &) {});
+        QFAIL("the damage went unnoticed");
+    } catch (const Error &error) {
+        const std::string message = error.what();
+        QVERIFY(message.find(scratch.File().string()) != std::string::npos);
+        QVERIFY(message.find("the rows") != std::string::npos);
+        QVERIFY(message.find("4294967295") != std::string::npos);
+    }
+}
+
+void DamageTest::testNewerFileFormatIsAnError()
+{
+    QByteArray database = SmallDatabase(ByteOrder::Little);
+    database[64] = 5;
+    QVERIFY(!ReadDamaged(database).empty());
+}
+
+/// Trees that share pages would multiply the work: no page is read for two tables.
+void DamageTest::testManyTablesOverOneTreeAreAnError()
+{
+    QByteArray database = MakeDatabase(ByteOrder::Little, [](Writer &writer) {
+        writer.CreateTable("CREATE TABLE t(a)");
+        writer.CreateTable("CREATE TABLE u(a)");
+        for (int i = 0; i < 12; ++i) {
+            writer.InsertRow("t", {std::string(200, 't')});
+            writer.InsertRow("u", {std::string(200, 'u')});
+        }
+    });
+    const QMap<QByteArray, quint32> roots = StructureChecker(database).RootPages();
+    const QByteArray rightChildOfFirst = database.mid((roots.value("t") - 1) * pageSize, 4);
+    QVERIFY(rightChildOfFirst != QByteArray(4, '\0'));
+    database.replace((roots.value("u") - 1) * pageSize, 4, rightChildOfFirst);
+    QVERIFY(ReadDamaged(database).find("belongs to the trees") != std::string::npos);
+}
+
+QTEST_GUILESS_MAIN(DamageTest)
+#include "DamageTest.moc"
