@@ -10,7 +10,8 @@ namespace Sqlite2::Format {
 inline constexpr std::size_t pageSize = 1024;
 
 /// Page 1 begins with this text and a NUL, which every version 2 file bears.
-inline constexpr std::string_view headerText{"** This file contains an SQLite 2.1 database **", 48};
+inline constexpr std::string_view headerText{"** This file contains an SQLite 2.1 database **\0",
+                                             48};
 inline constexpr std::size_t byteOrderMarkOffset = 48;
 inline constexpr std::uint32_t byteOrderMark = 0xdae37528;
 inline constexpr std::size_t firstFreePageOffset = 52;

@@ -12,7 +12,7 @@ using namespace Sqlite2;
 
 namespace {
 
-constexpr int pageSize = 1024;
+constexpr qsizetype pageSize = 1024;
 
 /// Small, but with all that pages can be: an inner page and its leaves, overflow chains of one and
 /// of two pages, record offsets of one and two bytes, an index, a row id column, an empty table.
@@ -23,7 +23,7 @@ QByteArray SmallDatabase(ByteOrder order)
             "CREATE TABLE \"the rows\"(id INTEGER PRIMARY KEY, 'a b' VARCHAR(10), n)");
         writer.CreateIndex("CREATE INDEX i ON [the rows](n)");
         writer.CreateTable("CREATE TABLE none(a)");
-        for (int i = 1; i <= 9; ++i)
+        for (int i = 1; i <= 5; ++i)
             writer.InsertRow("the rows", {{}, std::string(180, static_cast<char>('a' + i)), "7"});
         writer.InsertRow("the rows", {{}, std::string(600, 'x'), {}});
         writer.InsertRow("the rows", {{}, std::string(1400, 'y'), ""});
@@ -52,12 +52,13 @@ void ReadTable(Database &database, const Table &table, std::string_view fileText
 /// Reads everything and gives what Error said; nothing when all could be read.
 std::string ReadDamaged(const QByteArray &bytes, const QByteArray &journal = {})
 {
-    const std::string fileText = bytes.toStdString();
+    std::string fileText = bytes.toStdString();
     const std::string journalText = journal.toStdString();
     try {
-        Database database(fileText, journalText);
+        const std::string everything = fileText + journalText;
+        Database database(std::move(fileText), journalText);
         for (const Table &table : database.Tables())
-            ReadTable(database, table, fileText + journalText);
+            ReadTable(database, table, everything);
     } catch (const Error &error) {
         return error.what();
     }

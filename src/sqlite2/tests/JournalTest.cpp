@@ -12,7 +12,7 @@ using namespace Sqlite2;
 
 namespace {
 
-constexpr int pageSize = 1024;
+constexpr qsizetype pageSize = 1024;
 const QByteArray mark("\xd9\xd5\x05\xf9\x20\xa1\x63\xd6", 8);
 
 QByteArray BigEndian(quint32 number)

@@ -24,7 +24,7 @@ constexpr std::array<char16_t, 32> upperControls{
 QStringList Strings(const QJsonArray &array)
 {
     QStringList strings;
-    for (const QJsonValue &value : array)
+    for (const auto &value : array)
         strings.append(value.isNull() ? QString() : value.toString(QStringLiteral("")));
     return strings;
 }
@@ -48,7 +48,7 @@ QList<Answer> Answers(const std::string &databaseName)
         answer.sql = line[QLatin1String("sql")].toString();
         answer.isError = line[QLatin1String("rc")].toInt() != 0;
         answer.columns = Strings(line[QLatin1String("columns")].toArray());
-        for (const QJsonValue &row : line[QLatin1String("rows")].toArray())
+        for (const auto &row : line[QLatin1String("rows")].toArray())
             answer.rows.append(Strings(row.toArray()));
         answers.append(answer);
     }

@@ -263,7 +263,7 @@ void StructureChecker::CheckFreeList()
         if (leaves > 254 || count > bytes.size() / pageBytes)
             throw std::runtime_error("a free list that cannot be one");
         for (quint32 i = 0; i < leaves; ++i)
-            Use(Number(PageStart(trunk) + 8 + 4 * i, 4), QStringLiteral("free"));
+            Use(Number(PageStart(trunk) + 8 + qsizetype{4} * i, 4), QStringLiteral("free"));
     }
     if (count != Number(56, 4))
         Report(QStringLiteral("the number of free pages is wrong"));
