@@ -248,6 +248,13 @@ private Q_SLOTS:
         QVERIFY_EXCEPTION_THROWN(languages.InitLanguages(), DuplicateKeyError);
     }
 
+    void testKeyWithoutATextIsDefinedAllTheSame()
+    {
+        WriteTexts(QStringLiteral("en"), "a=\r\na=b\r\n");
+        LanguageSupport languages = Languages();
+        QVERIFY_EXCEPTION_THROWN(languages.InitLanguages(), DuplicateKeyError);
+    }
+
     void testDoubledKeyOnASkippedLineIsNoError()
     {
         WriteTexts(QStringLiteral("en"), "a=b\r\na=c=d\r\n");

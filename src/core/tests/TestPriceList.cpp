@@ -156,6 +156,19 @@ private Q_SLOTS:
         QCOMPARE(StoredPath(), QString());
     }
 
+    void testArticleNumberWithoutAPriceIsInTheListAllTheSame()
+    {
+        PriceList prices(*registry);
+        QVERIFY_EXCEPTION_THROWN(prices.LoadPriceList(Write("A\t\r\nA\t1\r\n")), DuplicateKeyError);
+    }
+
+    void testSkippedLinesDoNotCountAsDoubled()
+    {
+        PriceList prices(*registry);
+        prices.LoadPriceList(Write("A\t1\tx\r\nA\t2\r\n"));
+        QCOMPARE(prices.GetPrice(QStringLiteral("A")), QStringLiteral("2&nbsp;EUR"));
+    }
+
     void testStartWithoutAPathLoadsNothing()
     {
         PriceList prices(*registry);
