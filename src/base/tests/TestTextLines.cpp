@@ -22,7 +22,7 @@ private:
 
     QString Write(const QByteArray &bytes) const
     {
-        const QString name = folder.filePath(QStringLiteral("lines.txt"));
+        QString name = folder.filePath(QStringLiteral("lines.txt"));
         QFile file(name);
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("the test's file cannot be written");
