@@ -1,0 +1,56 @@
+#include "GenerateCommand.h"
+
+#include "UsageError.h"
+#include "generator/CatalogueGenerator.h"
+
+#include <QFile>
+
+#include <cstdlib>
+
+namespace Tesk {
+
+namespace {
+
+const QString productsOption = QStringLiteral("--products");
+const QString seedOption = QStringLiteral("--seed");
+
+template <typename Number>
+Number ToNumber(const QString &option, const QString &text,
+                Number (QString::*convert)(bool *, int) const)
+{
+    bool isNumber = false;
+    const Number number = (text.*convert)(&isNumber, 10);
+    if (!isNumber)
+        throw UsageError(QStringLiteral("%1 takes a whole number, not \"%2\"").arg(option, text));
+    return number;
+}
+
+} // namespace
+
+int RunGenerate(const QStringList &arguments)
+{
+    GeneratorOptions options;
+    QString file;
+    bool hasProducts = false;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const QString &argument = arguments[i];
+        if (argument == productsOption) {
+            options.products = ToNumber(argument, arguments.value(++i), &QString::toInt);
+            hasProducts = true;
+        } else if (argument == seedOption) {
+            options.seed = ToNumber(argument, arguments.value(++i), &QString::toUInt);
+        } else if (argument.startsWith(QLatin1String("--"))) {
+            throw UsageError(QStringLiteral("generate has no option %1").arg(argument));
+        } else if (file.isEmpty()) {
+            file = argument;
+        } else {
+            throw UsageError(QStringLiteral("generate makes one file at a time"));
+        }
+    }
+    if (file.isEmpty() || !hasProducts)
+        throw UsageError(QStringLiteral("generate takes a FILE and --products N"));
+    GenerateCatalogue(QFile::encodeName(file).toStdString(), options);
+    return EXIT_SUCCESS;
+}
+
+} // namespace Tesk

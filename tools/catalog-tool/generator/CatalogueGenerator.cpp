@@ -1,0 +1,214 @@
+#include "generator/CatalogueGenerator.h"
+
+#include "base/Errors.h"
+#include "generator/CategoryPlan.h"
+#include "generator/ProductPlan.h"
+#include "sqlite2/Error.h"
+#include "sqlite2/Writer.h"
+
+#include <algorithm>
+#include <set>
+
+namespace Tesk {
+
+namespace {
+
+using Sqlite2::Row;
+using Sqlite2::Value;
+
+constexpr int maxProducts = 32767;
+constexpr int maxCategories = 32767;
+constexpr int maxReferenceNumbers = 1'000'000;
+
+constexpr int productsPerCategory = 80;
+constexpr int fewestCategories = 12;
+constexpr int mostCategories = 400;
+constexpr int referenceNumbersPerProduct = 2;
+
+constexpr int setOneIn = 50;
+constexpr int fewestSetMembers = 3;
+constexpr int setMemberRange = 10;
+constexpr int maxMemberAmount = 9;
+/// So often a product lies in the first leaf, whatever its own: about 500 of 32,000.
+constexpr int firstLeafOneIn = 85;
+constexpr int secondCategoryOneIn = 20;
+
+constexpr std::array schema{
+    "CREATE TABLE categories (ID INTEGER PRIMARY KEY, TREE_ID INTEGER, parent VARCHAR(10), "
+    "title_ge VARCHAR(255), title_en VARCHAR(255), title_fr VARCHAR(255), title_sp VARCHAR(255), "
+    "title_it VARCHAR(255), firstLevelId INTEGER, catLevel2 INTEGER, catLevel3 INTEGER, "
+    "catLevel4 INTEGER, catLevel5 INTEGER)",
+    "CREATE TABLE products_global (ID INTEGER PRIMARY KEY, artNr VARCHAR(50), isSet VARCHAR(5), "
+    "length DOUBLE, sCm VARCHAR(50), sInch VARCHAR(50), availability INTEGER, "
+    "filePath VARCHAR(255), groupId INTEGER, helpId VARCHAR(50), img1 VARCHAR(100), "
+    "img1Scale DOUBLE, img2 VARCHAR(100), img2Scale DOUBLE, img3 VARCHAR(100), img3Scale DOUBLE)",
+    "CREATE TABLE products_localized (ID INTEGER, lang VARCHAR(2), name VARCHAR(255), "
+    "form VARCHAR(255))",
+    "CREATE TABLE products2categories (prodID INTEGER, catID INTEGER)",
+    "CREATE TABLE products2sets (iSetID INTEGER, iProdGlobId INTEGER, iAmount INTEGER, "
+    "iOrder INTEGER)",
+    "CREATE TABLE reference_numbers (ID INTEGER, sRefNo VARCHAR(50), sUnternehmen VARCHAR(100))",
+};
+
+constexpr std::array indexes{
+    "CREATE INDEX i1 ON products_localized (ID, lang)",
+    "CREATE INDEX i2 ON products2categories (catID)",
+    "CREATE INDEX i3 ON products2sets (iSetID)",
+    "CREATE INDEX i4 ON reference_numbers (ID)",
+    "CREATE INDEX i5 ON products_global (artNr)",
+};
+
+void RequireRange(const QString &what, int number, int least, int most)
+{
+    if (number < least || number > most)
+        throw CatalogueError(
+            QStringLiteral("A catalogue cannot have %1 %2: give a number from %3 to %4.")
+                .arg(number)
+                .arg(what)
+                .arg(least)
+                .arg(most));
+}
+
+class Generator final
+{
+public:
+    explicit Generator(const GeneratorOptions &generatorOptions)
+        : options(generatorOptions)
+        , random(generatorOptions.seed)
+        , vocabulary(MakeVocabulary())
+        , products(vocabulary, random)
+    {
+        for (const char *statement : schema)
+            writer.CreateTable(statement);
+        for (const char *statement : indexes)
+            writer.CreateIndex(statement);
+    }
+
+    void Write(const std::filesystem::path &file)
+    {
+        AddCategories();
+        for (int id = 1; id <= options.products; ++id)
+            AddProduct(id);
+        AddReferenceNumbers();
+        writer.Finish(file);
+    }
+
+private:
+    void AddCategories()
+    {
+        const int byProducts =
+            std::clamp(options.products / productsPerCategory, fewestCategories, mostCategories);
+        for (const Category &category :
+             PlanCategories(options.categories.value_or(byProducts), vocabulary, random)) {
+            Row row{std::to_string(category.id), std::to_string(category.treeId),
+                    category.parentTreeId == 0 ? "" : std::to_string(category.parentTreeId)};
+            for (const std::string &title : category.titles)
+                row.emplace_back(title);
+            for (const int level : category.levels)
+                row.emplace_back(std::to_string(level));
+            writer.InsertRow("categories", row);
+            if (category.isLeaf)
+                leaves.push_back(category);
+        }
+    }
+
+    void AddProduct(int id)
+    {
+        const Category &category =
+            random.OneIn(firstLeafOneIn) ? leaves.front() : random.Pick(leaves);
+        const Kind &kind = vocabulary.kinds[category.kind];
+        const bool isSet = id % setOneIn == 0;
+        const int length = products.Length();
+        const Size size = SizeOf(length);
+        const std::string picture = std::to_string(1 + random.Below(20)) + ".gif";
+        const bool hasDetailPicture = random.Below(2) == 0;
+        const bool hasHelp = random.OneIn(5);
+        writer.InsertRow("products_global",
+                         {std::to_string(id), products.ArticleNumber(kind, length),
+                          isSet ? "True" : "False", isSet ? Value() : size.millimetres,
+                          isSet ? "" : size.centimetres, isSet ? "" : size.inches,
+                          random.Pick(stocks), kind.folder, std::to_string(1 + random.Below(4)),
+                          hasHelp ? "xlist" : "", 'p' + picture, random.Pick(scales),
+                          hasDetailPicture ? 'd' + picture : "", hasDetailPicture ? "1.5" : "0", "",
+                          "0"});
+
+        const auto description = isSet ? products.DescribeSet(kind) : products.Describe(kind);
+        for (std::size_t i = 0; i < languageCount; ++i)
+            writer.InsertRow("products_localized", {std::to_string(id), languageCodes[i],
+                                                    description.name[i], description.form[i]});
+        AddToCategories(id, category.id);
+        if (isSet)
+            AddMembers(id);
+    }
+
+    void AddToCategories(int id, int category)
+    {
+        const auto add = [&](int catId) {
+            writer.InsertRow("products2categories", {std::to_string(id), std::to_string(catId)});
+        };
+        add(category);
+        if (const int other = random.Pick(leaves).id;
+            random.OneIn(secondCategoryOneIn) && other != category)
+            add(other);
+    }
+
+    /// A set's members are single products with smaller ids.
+    void AddMembers(int id)
+    {
+        const int count = fewestSetMembers + random.Below(setMemberRange);
+        std::set<int> members;
+        while (static_cast<int>(members.size()) < count) {
+            const int member = 1 + random.Below(id - 1);
+            if (member % setOneIn == 0 || !members.insert(member).second)
+                continue;
+            writer.InsertRow("products2sets", {std::to_string(id), std::to_string(member),
+                                               std::to_string(1 + random.Below(maxMemberAmount)),
+                                               std::to_string(members.size())});
+        }
+    }
+
+    void AddReferenceNumbers()
+    {
+        const int total =
+            options.referenceNumbers.value_or(options.products * referenceNumbersPerProduct);
+        std::vector<int> ids;
+        ids.reserve(static_cast<std::size_t>(total));
+        for (int i = 0; i < total; ++i)
+            ids.push_back(1 + random.Below(options.products));
+        std::ranges::sort(ids);
+        for (const int id : ids) {
+            const auto reference = products.MakeReference();
+            writer.InsertRow("reference_numbers",
+                             {std::to_string(id), reference.number, reference.company});
+        }
+    }
+
+    GeneratorOptions options;
+    Random random;
+    Vocabulary vocabulary;
+    ProductPlan products;
+    Sqlite2::Writer writer;
+    std::vector<Category> leaves;
+    const std::vector<std::string> stocks{"0", "1", "1", "1", "5"};
+    const std::vector<std::string> scales{"0", "0.25", "0.5", "1", "2"};
+};
+
+} // namespace
+
+void GenerateCatalogue(const std::filesystem::path &file, const GeneratorOptions &options)
+{
+    RequireRange(QStringLiteral("products"), options.products, 1, maxProducts);
+    if (options.categories)
+        RequireRange(QStringLiteral("categories"), *options.categories, 1, maxCategories);
+    if (options.referenceNumbers)
+        RequireRange(QStringLiteral("reference numbers"), *options.referenceNumbers, 0,
+                     maxReferenceNumbers);
+    try {
+        Generator(options).Write(file);
+    } catch (const Sqlite2::Error &error) {
+        throw FileError(QStringLiteral("The catalogue could not be made: %1.")
+                            .arg(QString::fromLocal8Bit(error.what())));
+    }
+}
+
+} // namespace Tesk
