@@ -68,7 +68,7 @@ ApplicationDirectory::~ApplicationDirectory()
 
 QString ApplicationDirectory::NewFile(const QString &path)
 {
-    const QString file = stage.filePath(path);
+    QString file = stage.filePath(path);
     MadeFolder(QFileInfo(file).path());
     return file;
 }

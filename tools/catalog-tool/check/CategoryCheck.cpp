@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <compare>
 
 namespace Tesk {
 
@@ -22,21 +21,25 @@ QString TitleColumn(const QString &languageCode)
     return QStringLiteral("title_%1").arg(languageCode);
 }
 
-// NULL comes first. Numbers compare by value in a numeric column; texts compare by the bytes of
-// the code page, as do numbers in a text column.
-std::weak_ordering Compare(const Cell &left, const Cell &right, Sqlite2::TypeClass typeClass)
+int Sign(double difference)
+{
+    return (difference > 0) - (difference < 0);
+}
+
+/// Below 0 when `left` comes first, above 0 when `right` does. NULL comes before everything.
+/// Numbers compare by value in a numeric column; texts compare by the bytes of the code page, as do
+/// numbers in a text column.
+int Compare(const Cell &left, const Cell &right, Sqlite2::TypeClass typeClass)
 {
     if (!left || !right)
-        return left.has_value() <=> right.has_value();
+        return static_cast<int>(left.has_value()) - static_cast<int>(right.has_value());
     bool isLeftNumber = false;
     bool isRightNumber = false;
     const double leftNumber = left->toDouble(&isLeftNumber);
     const double rightNumber = right->toDouble(&isRightNumber);
     if (typeClass == Sqlite2::TypeClass::Numeric && isLeftNumber && isRightNumber)
-        return leftNumber < rightNumber   ? std::weak_ordering::less
-               : leftNumber > rightNumber ? std::weak_ordering::greater
-                                          : std::weak_ordering::equivalent;
-    return CodePage::ToBytes(*left).toStdString() <=> CodePage::ToBytes(*right).toStdString();
+        return Sign(leftNumber - rightNumber);
+    return CodePage::ToBytes(*left).compare(CodePage::ToBytes(*right));
 }
 
 /// The categories in the order in which the program reads them.
@@ -51,7 +54,7 @@ public:
     bool operator()(const TableRow &left, const TableRow &right) const
     {
         for (const QLatin1String key : sortKeys) {
-            const auto order = Compare(left.At(key), right.At(key), ClassOf(key));
+            const int order = Compare(left.At(key), right.At(key), ClassOf(key));
             if (order != 0)
                 return order < 0;
         }

@@ -36,7 +36,7 @@ QString ReadVersion(const QDir &folder, Problems &problems)
 {
     const QString file = QStringLiteral("version");
     const QStringList lines = ReadSourceLines(folder, file, problems);
-    const QString version = lines.value(0);
+    QString version = lines.value(0);
     if (folder.exists(file) && (lines.size() != 1 || version.trimmed().isEmpty()))
         problems.Add(file, 0,
                      QStringLiteral("the file has %1 lines; write the version in one line")

@@ -23,7 +23,7 @@ void PlanFolder(const CatalogueSources &sources, const QString &folder, const QS
 
 QByteArray ContainerMember::Bytes(const CatalogueSources &sources) const
 {
-    const QByteArray bytes = sources.Bytes(source);
+    QByteArray bytes = sources.Bytes(source);
     if (width <= 0)
         return bytes;
     Problems problems;
