@@ -1,4 +1,5 @@
 #include "BuildCommand.h"
+#include "GenerateCommand.h"
 #include "UsageError.h"
 
 #include <QGuiApplication>
@@ -14,12 +15,15 @@ namespace {
 
 constexpr int usageStatus = 2;
 
-constexpr char usage[] =
-    "Makes, checks, queries and generates product catalogues.\n"
-    "\n"
-    "  catalog-tool build SOURCES APPDIR    makes an application directory of a catalogue's "
-    "sources\n"
-    "  catalog-tool check SOURCES           reports every problem of the sources\n";
+constexpr char usage[] = R"(Makes, checks, queries and generates product catalogues.
+
+  catalog-tool build SOURCES APPDIR
+      makes an application directory of a catalogue's sources
+  catalog-tool check SOURCES
+      reports every problem of the sources
+  catalog-tool generate FILE --products N [--seed S]
+      writes a made-up catalogue of N products; equal seeds make equal files
+)";
 
 using Command = std::function<int(const QStringList &arguments)>;
 
@@ -45,6 +49,7 @@ int Run(int &argc, char **argv)
     const std::map<QString, Command> commands{
         {QStringLiteral("build"), WithoutDisplay(Tesk::RunBuild, argc, argv)},
         {QStringLiteral("check"), Tesk::RunCheck},
+        {QStringLiteral("generate"), Tesk::RunGenerate},
     };
 
     QStringList arguments;

@@ -1,6 +1,9 @@
 #include "TinySources.h"
 
+#include "sqlite2/Reader.h"
+
 #include <QDirIterator>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTest>
 
@@ -115,12 +118,30 @@ private Q_SLOTS:
                                 "folder of a catalogue's sources.\n"));
     }
 
+    void testGeneratesACatalogue()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("many.db"));
+        const Outcome outcome =
+            Run({QStringLiteral("generate"), file, QStringLiteral("--products"),
+                 QStringLiteral("40"), QStringLiteral("--seed"), QStringLiteral("7")});
+        QCOMPARE(outcome.errors, QString());
+        QCOMPARE(outcome.status, 0);
+        const Sqlite2::Reader reader(QFileInfo(file).filesystemFilePath());
+        int count = 0;
+        reader.ReadRows(*reader.FindTable("products_global"),
+                        [&count](std::int32_t, const Sqlite2::Row &) { ++count; });
+        QCOMPARE(count, 40);
+    }
+
     void testUsageErrors_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::newRow("nothing") << QStringList();
         QTest::newRow("unknown command") << QStringList{QStringLiteral("bulid")};
         QTest::newRow("build without folders") << QStringList{QStringLiteral("build")};
+        QTest::newRow("generate without a number")
+            << QStringList{QStringLiteral("generate"), QStringLiteral("/no/such/folder/a.db")};
         QTest::newRow("check with two folders")
             << QStringList{QStringLiteral("check"), QStringLiteral("a"), QStringLiteral("b")};
     }
