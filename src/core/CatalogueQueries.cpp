@@ -27,10 +27,10 @@ bool IsDigit(QChar c)
 } // namespace
 
 CatalogueQueries::CatalogueQueries(const SQLiteWrapper &catalogue,
-                                   std::function<QString()> currentCode, QLocale userLocale)
+                                   std::function<QString()> currentCode, const QLocale &userLocale)
     : database(catalogue)
     , languageCode(std::move(currentCode))
-    , locale(std::move(userLocale))
+    , locale(userLocale)
 {}
 
 ResultTable CatalogueQueries::QueryCategories() const
@@ -83,7 +83,7 @@ ResultTable CatalogueQueries::SearchProducts(const QString &description, const Q
         SearchConditionOf({description, artNr, length, unit, tolerance}, locale);
     if (condition.isEmpty)
         return {};
-    const ResultTable table =
+    ResultTable table =
         database.GetTable(Statements::ProductSearch(languageCode(), condition.whereClause));
     if (!table.HasData() && !tolerance && condition.usesLength)
         return SearchProducts(description, artNr, length, unit, true);
@@ -108,13 +108,11 @@ ResultTable CatalogueQueries::SearchByDescription(const QString &text) const
 
 QString NormaliseArtNr(const QString &text)
 {
-    const QString trimmed = TrimSpaces(text);
-    const auto digit = std::find_if(trimmed.begin(), trimmed.end(), IsDigit);
-    if (trimmed.contains(u' ') || digit == trimmed.end())
-        return trimmed;
-    QString separated = trimmed;
-    separated.insert(digit - trimmed.begin(), u' ');
-    return TrimSpaces(separated);
+    QString artNr = TrimSpaces(text);
+    const auto digit = std::find_if(artNr.cbegin(), artNr.cend(), IsDigit);
+    if (!artNr.contains(u' ') && digit != artNr.cend())
+        artNr.insert(digit - artNr.cbegin(), u' ');
+    return TrimSpaces(artNr);
 }
 
 } // namespace Tesk

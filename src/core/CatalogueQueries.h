@@ -19,7 +19,7 @@ public:
     /// `currentCode` answers the current language's code at the moment a statement is built;
     /// `userLocale` is the one in whose notation the user types lengths.
     CatalogueQueries(const SQLiteWrapper &catalogue, std::function<QString()> currentCode,
-                     QLocale userLocale = QLocale::system());
+                     const QLocale &userLocale = QLocale::system());
 
     ResultTable QueryCategories() const;
     ResultTable QueryProductsOfCategory(const QString &categoryId) const;

@@ -18,12 +18,11 @@ namespace Tesk {
 
 namespace {
 
-/// Plain names as they are written, not SQLite's short ones; pages of the file read in place.
+/// Columns named as the statement writes them, and room for a whole catalogue's pages.
 constexpr auto Settings = "PRAGMA short_column_names = OFF;"
                           "PRAGMA full_column_names = OFF;"
                           "PRAGMA query_only = ON;"
-                          "PRAGMA cache_size = -16384;"
-                          "PRAGMA mmap_size = 268435456";
+                          "PRAGMA cache_size = -32768";
 
 /// Text reaches a version 2 database in its 8-bit code page; behind a NUL no database reads on.
 QByteArray StatementText(const QString &sql, Database::FileVersion version)
@@ -109,7 +108,7 @@ ResultTable SQLiteWrapper::GetTable(const QString &sql, QString *errorText) cons
         // A search text may be long; its beginning tells the statement.
         constexpr qsizetype longestShown = 300;
         qCWarning(Database::log).noquote()
-            << QStringLiteral("No rows, %1: %2")
+            << QStringLiteral("The statement gives no rows (%1): %2")
                    .arg(error, sql.first(qMin(sql.size(), longestShown)));
     }
     if (errorText)

@@ -17,8 +17,8 @@ constexpr std::array AllowedFunctions{"abs",    "avg",    "coalesce", "count",  
                                       "trim",   "typeof", "upper"};
 
 // A search through a catalogue of 32,000 products in five languages takes about two million steps.
-constexpr int StepsPerRound = 100'000;
-constexpr int RoundCount = 500;
+constexpr int StepsPerRound = 10'000;
+constexpr int RoundCount = 5'000;
 
 constexpr int LongestStatement = 4 << 20;
 constexpr int LongestValue = 64 << 20;

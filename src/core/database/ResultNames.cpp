@@ -1,5 +1,7 @@
 #include "core/database/ResultNames.h"
 
+#include <algorithm>
+
 namespace Tesk::Database {
 
 namespace {
@@ -25,12 +27,55 @@ bool IsStar(TokenRange expression, const SqlTokens &tokens)
            (expression.end - expression.begin == 1 || tokens[expression.end - 2].IsSymbol("."));
 }
 
-/// Adds the columns of one table that a `*` stands for; false when they are not known.
-bool AddColumns(QStringList &names, const FromItem *item, bool isJoin, const TableSchema &schema)
+/// Collects the names; false from any of its methods when a `*` stands for unknown columns.
+class NameCollector final
 {
-    const TableInfo *table = item && item->IsTable() ? schema.FindTable(item->table) : nullptr;
+public:
+    NameCollector(const SelectOutline &outline, const SqlTokens &statement,
+                  const TableSchema &tables)
+        : select(outline)
+        , tokens(statement)
+        , schema(tables)
+    {}
+
+    bool Add(const ResultColumn &column, const QByteArray &sql);
+
+    QStringList names;
+
+private:
+    bool AddStar(TokenRange expression);
+    bool AddTable(const FromItem *item);
+
+    const SelectOutline &select;
+    const SqlTokens &tokens;
+    const TableSchema &schema;
+};
+
+bool NameCollector::Add(const ResultColumn &column, const QByteArray &sql)
+{
+    if (column.expression.IsEmpty())
+        return false;
+    if (column.alias.isEmpty() && IsStar(column.expression, tokens))
+        return !select.hasMergedColumns && AddStar(column.expression);
+    names.append(QString::fromUtf8(
+        column.alias.isEmpty() ? WrittenName(column.expression, tokens, sql) : column.alias));
+    return true;
+}
+
+bool NameCollector::AddStar(TokenRange expression)
+{
+    if (expression.end - expression.begin > 1)
+        return AddTable(select.FindItem(tokens[expression.begin].Name()));
+    return std::all_of(select.from.begin(), select.from.end(),
+                       [this](const FromItem &item) { return AddTable(&item); });
+}
+
+bool NameCollector::AddTable(const FromItem *item)
+{
+    const TableInfo *table = item ? schema.FindTable(item->table) : nullptr;
     if (!table)
         return false;
+    const bool isJoin = select.from.size() > 1;
     const QByteArray prefix = isJoin ? item->alias + '.' : QByteArray();
     for (const ColumnInfo &column : table->columns)
         names.append(QString::fromUtf8(prefix + column.name));
@@ -42,29 +87,12 @@ bool AddColumns(QStringList &names, const FromItem *item, bool isJoin, const Tab
 std::optional<QStringList> ResultNames(const SelectOutline &select, const SqlTokens &tokens,
                                        const QByteArray &sql, const TableSchema &schema)
 {
-    const bool isJoin = select.from.size() > 1;
-    QStringList names;
+    NameCollector collector(select, tokens, schema);
     for (const ResultColumn &column : select.columns) {
-        const TokenRange expression = column.expression;
-        if (expression.IsEmpty())
+        if (!collector.Add(column, sql))
             return std::nullopt;
-        if (!column.alias.isEmpty()) {
-            names.append(QString::fromUtf8(column.alias));
-        } else if (!IsStar(expression, tokens)) {
-            names.append(QString::fromUtf8(WrittenName(expression, tokens, sql)));
-        } else if (select.hasMergedColumns) {
-            return std::nullopt;
-        } else if (expression.end - expression.begin == 1) {
-            for (const FromItem &item : select.from) {
-                if (!AddColumns(names, &item, isJoin, schema))
-                    return std::nullopt;
-            }
-        } else if (!AddColumns(names, select.FindItem(tokens[expression.begin].Name()), isJoin,
-                               schema)) {
-            return std::nullopt;
-        }
     }
-    return names;
+    return collector.names;
 }
 
 } // namespace Tesk::Database

@@ -7,13 +7,16 @@
 
 #include <sqlite3.h>
 
+#include <new>
+#include <utility>
 #include <vector>
 
 namespace Tesk::Database {
 
 namespace {
 
-constexpr qint64 MostCells = 5'000'000;
+constexpr qint64 MostCells = 3'000'000;
+constexpr qint64 MostBytes = 256 << 20;
 
 QStringList NamesOf(sqlite3_stmt *statement, const std::optional<QStringList> &columnNames)
 {
@@ -26,16 +29,6 @@ QStringList NamesOf(sqlite3_stmt *statement, const std::optional<QStringList> &c
     return names;
 }
 
-/// A null QString for NULL.
-QString CellOf(sqlite3_stmt *statement, int column)
-{
-    if (sqlite3_column_type(statement, column) == SQLITE_NULL)
-        return {};
-    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
-    const int size = sqlite3_column_bytes(statement, column);
-    return size == 0 || !text ? QString(QLatin1String("")) : QString::fromUtf8(text, size);
-}
-
 Statement PrepareEither(sqlite3 *connection, const RewrittenStatement &rewritten)
 {
     try {
@@ -43,6 +36,56 @@ Statement PrepareEither(sqlite3 *connection, const RewrittenStatement &rewritten
     } catch (const FileError &) {
         return Prepare(connection, rewritten.original);
     }
+}
+
+/// Collects a statement's rows. Throws FileError when they become too many to hold.
+class RowCollector final
+{
+public:
+    RowCollector(sqlite3_stmt *source, const std::optional<QStringList> &columnNames)
+        : statement(source)
+        , names(NamesOf(source, columnNames))
+    {}
+
+    void AddRow();
+    ResultTable Take() { return std::move(table); }
+
+private:
+    QString CellAt(int column);
+
+    sqlite3_stmt *statement;
+    QStringList names;
+    ResultTable table;
+    qint64 cellCount = 0;
+    qint64 byteCount = 0;
+};
+
+/// A null QString for NULL.
+QString RowCollector::CellAt(int column)
+{
+    if (sqlite3_column_type(statement, column) == SQLITE_NULL)
+        return {};
+    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
+    if (!text)
+        throw std::bad_alloc();
+    const int size = sqlite3_column_bytes(statement, column);
+    byteCount += size;
+    return size == 0 ? QString(QLatin1String("")) : QString::fromUtf8(text, size);
+}
+
+void RowCollector::AddRow()
+{
+    if (table.UpperRow() < 0)
+        table = ResultTable(names);
+    std::vector<QString> row;
+    row.reserve(static_cast<size_t>(names.size()));
+    for (int column = 0; column < names.size(); ++column)
+        row.push_back(CellAt(column));
+    table.AddRow(std::move(row));
+
+    cellCount += names.size();
+    if (cellCount > MostCells || byteCount > MostBytes)
+        throw FileError(QStringLiteral("the result is too large"));
 }
 
 } // namespace
@@ -56,25 +99,15 @@ ResultTable RunStatement(sqlite3 *connection, const RewrittenStatement &rewritte
     if (sqlite3_stmt_isexplain(statement.get()) || !sqlite3_stmt_readonly(statement.get()))
         throw FileError(QStringLiteral("not a query"));
 
-    ResultTable table;
-    const int columnCount = sqlite3_column_count(statement.get());
+    RowCollector rows(statement.get(), rewritten.columnNames);
     int status = sqlite3_step(statement.get());
-    for (; status == SQLITE_ROW; status = sqlite3_step(statement.get())) {
-        if (table.UpperRow() < 0)
-            table = ResultTable(NamesOf(statement.get(), rewritten.columnNames));
-        std::vector<QString> row;
-        row.reserve(static_cast<size_t>(columnCount));
-        for (int column = 0; column < columnCount; ++column)
-            row.push_back(CellOf(statement.get(), column));
-        table.AddRow(std::move(row));
-        if (static_cast<qint64>(table.UpperRow()) * columnCount > MostCells)
-            throw FileError(QStringLiteral("the result has too many rows"));
-    }
+    for (; status == SQLITE_ROW; status = sqlite3_step(statement.get()))
+        rows.AddRow();
     if (status == SQLITE_INTERRUPT)
         throw FileError(QStringLiteral("the statement takes too long"));
     if (status != SQLITE_DONE)
         throw FileError(LastError(connection));
-    return table;
+    return rows.Take();
 }
 
 } // namespace Tesk::Database
