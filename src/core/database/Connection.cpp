@@ -47,12 +47,13 @@ Connection OpenFile(const QString &fileName, bool isImmutable)
     QByteArray address = QUrl::fromLocalFile(fileName).toEncoded();
     if (isImmutable)
         address += "?immutable=1";
-    return Open(address, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+    return Open(address, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI);
 }
 
 Connection OpenMemory()
 {
-    return Open(QByteArrayLiteral(":memory:"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    return Open(QByteArrayLiteral(":memory:"),
+                SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX);
 }
 
 Connection OpenImage(Image image)

@@ -35,7 +35,8 @@ struct Image
     std::size_t size = 0;
 };
 
-// All of these throw FileError with SQLite's reason when they fail.
+// All of these throw FileError with SQLite's reason when they fail. A connection serves one thread
+// at a time.
 
 /// `isImmutable`: nothing changes the file while it is open, so it is neither locked nor watched.
 Connection OpenFile(const QString &fileName, bool isImmutable);

@@ -18,7 +18,7 @@ constexpr std::array AllowedFunctions{"abs",    "avg",    "coalesce", "count",  
 
 // A search through a catalogue of 32,000 products in five languages takes about two million steps.
 constexpr int StepsPerRound = 10'000;
-constexpr int RoundCount = 5'000;
+constexpr int RoundCount = 2'000;
 
 constexpr int LongestStatement = 4 << 20;
 constexpr int LongestValue = 64 << 20;

@@ -72,13 +72,13 @@ ResultColumn OutlineReader::ColumnOf(TokenRange entry) const
         return {entry, {}};
     const SqlToken &last = tokens[entry.end - 1];
     const SqlToken &before = tokens[entry.end - 2];
-    const bool canBeAlias = last.IsName() || last.kind == SqlToken::Kind::String;
-    if (count > 2 && before.IsWord("AS") && canBeAlias)
+    const bool canBeAlias =
+        (last.IsName() && !IsOneOf(last, ExpressionWords)) || last.kind == SqlToken::Kind::String;
+    if (canBeAlias && count > 2 && before.IsWord("AS"))
         return {{entry.begin, entry.end - 2}, last.Name()};
-
-    const bool isWord = last.IsName() && !IsOneOf(last, ExpressionWords);
+    // A name behind a whole operand is an alias too.
     const bool endsOperand = before.kind != SqlToken::Kind::Symbol || before.IsSymbol(")");
-    if (isWord && endsOperand && (before.IsWord("END") || !IsOneOf(before, ExpressionWords)))
+    if (canBeAlias && endsOperand && (before.IsWord("END") || !IsOneOf(before, ExpressionWords)))
         return {{entry.begin, entry.end - 1}, last.Name()};
     return {entry, {}};
 }

@@ -156,7 +156,7 @@ bool SqlToken::IsSymbol(const char *symbol) const
 
 QByteArray SqlToken::Name() const
 {
-    if (kind != Kind::QuotedName)
+    if (kind != Kind::QuotedName && kind != Kind::String)
         return text.toByteArray();
     QByteArray name = text.sliced(1, text.size() - 2).toByteArray();
     const char quote = text.front();
@@ -176,6 +176,8 @@ std::optional<SqlTokens> FirstStatement(const QByteArray &sql)
         std::optional<SqlToken> token = scanner.Next();
         if (!token)
             return std::nullopt;
+        if (token->IsSymbol(";") && tokens.empty())
+            continue;
         if (token->IsSymbol(";"))
             return depth == 0 ? std::optional(tokens) : std::nullopt;
         if (token->IsSymbol(")"))

@@ -23,15 +23,15 @@ struct SqlToken
     bool IsWord(const char *keyword) const;
     bool IsSymbol(const char *symbol) const;
     bool IsName() const { return kind == Kind::Word || kind == Kind::QuotedName; }
-    /// The name without its quotes.
+    /// The name or text without its quotes.
     QByteArray Name() const;
 };
 
 using SqlTokens = std::vector<SqlToken>;
 
-/// The tokens of the text's first statement, its closing ";" left out. Nothing for a text that is
-/// not well formed: an open string or comment, brackets that do not match, a stray character. The
-/// tokens point into `sql`.
+/// The tokens of the text's first statement that is not empty, its closing ";" left out. Nothing
+/// for a text that is not well formed: an open string or comment, brackets that do not match, a
+/// stray character. The tokens point into `sql`.
 std::optional<SqlTokens> FirstStatement(const QByteArray &sql);
 
 } // namespace Tesk::Database

@@ -36,7 +36,7 @@ QJsonArray NamesOf(const ResultTable &table)
 } // namespace
 
 /// Every answer that the version 2 engine gave on the sample files.
-class tst_SampleAnswers : public QObject
+class TestSampleAnswers : public QObject
 {
     Q_OBJECT
 
@@ -52,7 +52,7 @@ private:
     QTemporaryDir cache;
 };
 
-void tst_SampleAnswers::testAnswers_data()
+void TestSampleAnswers::testAnswers_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QJsonObject>("answer");
@@ -71,7 +71,7 @@ void tst_SampleAnswers::testAnswers_data()
     }
 }
 
-void tst_SampleAnswers::CheckAnswer(const SQLiteWrapper &database) const
+void TestSampleAnswers::CheckAnswer(const SQLiteWrapper &database) const
 {
     QFETCH(QJsonObject, answer);
     const QString sql = answer.value(QStringLiteral("sql")).toString();
@@ -86,7 +86,7 @@ void tst_SampleAnswers::CheckAnswer(const SQLiteWrapper &database) const
     QCOMPARE(RowsOf(table), rows);
 }
 
-void tst_SampleAnswers::testAnswers()
+void TestSampleAnswers::testAnswers()
 {
     QFETCH(QString, file);
     SQLiteWrapper database{QString()};
@@ -94,7 +94,7 @@ void tst_SampleAnswers::testAnswers()
     CheckAnswer(database);
 }
 
-void tst_SampleAnswers::testAnswersFromTheCache()
+void TestSampleAnswers::testAnswersFromTheCache()
 {
     QFETCH(QString, file);
     QVERIFY(SQLiteWrapper(cache.path()).Open(file));
@@ -103,5 +103,5 @@ void tst_SampleAnswers::testAnswersFromTheCache()
     CheckAnswer(database);
 }
 
-QTEST_APPLESS_MAIN(tst_SampleAnswers)
-#include "tst_sampleanswers.moc"
+QTEST_APPLESS_MAIN(TestSampleAnswers)
+#include "TestSampleAnswers.moc"

@@ -1,0 +1,312 @@
+#include "core/SQLiteWrapper.h"
+#include "core/database/CatalogueCache.h"
+#include "core/database/SourceIdentity.h"
+#include "core/database/tests/DatabaseFiles.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+using namespace Tesk;
+using namespace Tesk::Database;
+
+namespace {
+
+Version2Table TableOf(const QByteArray &text)
+{
+    return {"CREATE TABLE a (x TEXT)", "a", {{text}}};
+}
+
+QString Answer(const SQLiteWrapper &database)
+{
+    return RowsOf(database.GetTable(QStringLiteral("SELECT x FROM a"))).join(QLatin1Char(','));
+}
+
+QDateTime ModifiedTime(const QString &fileName)
+{
+    return QFileInfo(fileName).lastModified();
+}
+
+void SetModifiedTime(const QString &fileName, const QDateTime &time)
+{
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+}
+
+} // namespace
+
+/// A kept import is used when it is the source's, and made anew whenever it is not.
+class TestCatalogueCache : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void testImportIsKeptAndUsedAgain();
+    void testKeptFileHoldsTheAnswers();
+    void testChangedSourceIsReadAnew();
+    void testChangeThatKeepsSizeAndTimeIsNoticed();
+    void testJournalBesideTheSourceIsNoticed();
+    void testDamagedKeptFileIsMadeAnew_data();
+    void testDamagedKeptFileIsMadeAnew();
+    void testOtherFormatIsMadeAnew();
+    void testKeptFileOfAnotherSourceIsNotUsed();
+    void testTwoCataloguesAreKeptSideBySide();
+    void testNewVersionTakesTheOldOnesPlace();
+    void testFolderThatCannotBeMade();
+    void testFolderThatCannotBeWritten();
+    void testWithoutFolderNothingIsKept();
+    void testOpenDatabaseOutlivesAReplacedCache();
+    void testSeveralProgramsAtOnce();
+    void testLeftoversOfAnEndedProgramGo();
+
+private:
+    QString Source() const { return folder->filePath(QStringLiteral("catalog.db")); }
+    QString CacheFolder() const { return folder->filePath(QStringLiteral("cache/deep")); }
+    QStringList Kept() const { return QDir(CacheFolder()).entryList(QDir::Files); }
+    QString KeptFile() const { return QDir(CacheFolder()).filePath(Kept().value(0)); }
+    QString OpenedAnswer() const;
+
+    std::unique_ptr<QTemporaryDir> folder;
+};
+
+void TestCatalogueCache::init()
+{
+    folder = std::make_unique<QTemporaryDir>();
+    WriteVersion2(Source(), {TableOf("one")});
+}
+
+QString TestCatalogueCache::OpenedAnswer() const
+{
+    SQLiteWrapper database(CacheFolder());
+    return database.Open(Source()) ? Answer(database) : QStringLiteral("closed");
+}
+
+void TestCatalogueCache::testImportIsKeptAndUsedAgain()
+{
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    QCOMPARE(Kept().size(), 1);
+    const QDateTime past = QDateTime::currentDateTime().addDays(-2);
+    SetModifiedTime(KeptFile(), past);
+    const QDateTime before = ModifiedTime(KeptFile());
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    QCOMPARE(Kept().size(), 1);
+    QCOMPARE(ModifiedTime(KeptFile()), before);
+}
+
+void TestCatalogueCache::testKeptFileHoldsTheAnswers()
+{
+    // What is found is what was stored: the next answers come from the kept file.
+    const QString other = folder->filePath(QStringLiteral("other.db"));
+    WriteVersion3(other, "CREATE TABLE a (x TEXT); INSERT INTO a VALUES ('kept')");
+    const CatalogueCache cache(CacheFolder());
+    QVERIFY(!cache.Store(Source(), IdentityOf(Source()), BytesOf(other)).isEmpty());
+    QCOMPARE(OpenedAnswer(), QStringLiteral("kept"));
+}
+
+void TestCatalogueCache::testChangedSourceIsReadAnew()
+{
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    WriteVersion2(Source(), {TableOf("two and more")});
+    QCOMPARE(OpenedAnswer(), QStringLiteral("two and more"));
+}
+
+void TestCatalogueCache::testChangeThatKeepsSizeAndTimeIsNoticed()
+{
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    const QDateTime time = ModifiedTime(Source());
+    const QByteArray before = BytesOf(Source());
+    const QByteArray after = QByteArray(before).replace("one", "eno");
+    QVERIFY(after != before);
+    WriteBytes(Source(), after);
+    SetModifiedTime(Source(), time);
+    QCOMPARE(ModifiedTime(Source()), time);
+    QCOMPARE(OpenedAnswer(), QStringLiteral("eno"));
+}
+
+void TestCatalogueCache::testJournalBesideTheSourceIsNoticed()
+{
+    // A journal without records, of a database that was as long as it is: the content stays, the
+    // kept import must not be trusted all the same.
+    const QByteArray without = IdentityOf(Source());
+    QByteArray journal("\xd9\xd5\x05\xf9\x20\xa1\x63\xd6", 8);
+    journal += QByteArray(8, '\0') + QByteArray("\0\0\0\x03", 4);
+    WriteBytes(Source() + QStringLiteral("-journal"), journal);
+    QVERIFY(IdentityOf(Source()) != without);
+}
+
+void TestCatalogueCache::testDamagedKeptFileIsMadeAnew_data()
+{
+    QTest::addColumn<QByteArray>("kind");
+    for (const char *kind :
+         {"empty", "text", "cut", "without seal", "one bit in the middle", "one bit in the seal",
+          "longer", "a version 3 file", "a version 2 file"})
+        QTest::newRow(kind) << QByteArray(kind);
+}
+
+void TestCatalogueCache::testDamagedKeptFileIsMadeAnew()
+{
+    QFETCH(QByteArray, kind);
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    const QByteArray whole = BytesOf(KeptFile());
+    QByteArray damaged = whole;
+    if (kind == "empty") {
+        damaged.clear();
+    } else if (kind == "text") {
+        damaged = "not a database";
+    } else if (kind == "cut") {
+        damaged.chop(damaged.size() / 2);
+    } else if (kind == "without seal") {
+        damaged.chop(1);
+    } else if (kind == "one bit in the middle") {
+        damaged[damaged.indexOf("one")] = 'O';
+    } else if (kind == "one bit in the seal") {
+        damaged.back() = static_cast<char>(damaged.back() ^ 1);
+    } else if (kind == "longer") {
+        damaged += QByteArray(4096, '\0');
+    } else {
+        const QString other = folder->filePath(QStringLiteral("other.db"));
+        if (kind == "a version 3 file")
+            WriteVersion3(other, "CREATE TABLE a (x TEXT); INSERT INTO a VALUES ('foreign')");
+        else
+            WriteVersion2(other, {TableOf("foreign")});
+        damaged = BytesOf(other);
+    }
+    WriteBytes(KeptFile(), damaged);
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    QCOMPARE(BytesOf(KeptFile()), whole);
+}
+
+void TestCatalogueCache::testOtherFormatIsMadeAnew()
+{
+    const QString other = folder->filePath(QStringLiteral("other.db"));
+    WriteVersion3(other, "CREATE TABLE a (x TEXT); INSERT INTO a VALUES ('foreign')");
+    QByteArray identity = IdentityOf(Source());
+    identity[3] = static_cast<char>(identity[3] + 1); // the last byte of the format's number
+    const CatalogueCache cache(CacheFolder());
+    QVERIFY(!cache.Store(Source(), identity, BytesOf(other)).isEmpty());
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+}
+
+void TestCatalogueCache::testKeptFileOfAnotherSourceIsNotUsed()
+{
+    const QString otherSource = folder->filePath(QStringLiteral("other.db"));
+    WriteVersion2(otherSource, {TableOf("other")});
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    const QString kept = KeptFile();
+    const QString otherCache = folder->filePath(QStringLiteral("otherCache"));
+    QVERIFY(SQLiteWrapper(otherCache).Open(otherSource));
+    const QStringList otherKept = QDir(otherCache).entryList(QDir::Files);
+    QCOMPARE(otherKept.size(), 1);
+    WriteBytes(kept, BytesOf(QDir(otherCache).filePath(otherKept.front())));
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+}
+
+void TestCatalogueCache::testTwoCataloguesAreKeptSideBySide()
+{
+    const QString otherSource = folder->filePath(QStringLiteral("other.db"));
+    WriteVersion2(otherSource, {TableOf("other")});
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    SQLiteWrapper other(CacheFolder());
+    QVERIFY(other.Open(otherSource));
+    QCOMPARE(Answer(other), QStringLiteral("other"));
+    QCOMPARE(Kept().size(), 2);
+}
+
+void TestCatalogueCache::testNewVersionTakesTheOldOnesPlace()
+{
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    WriteVersion2(Source(), {TableOf("two")});
+    QCOMPARE(OpenedAnswer(), QStringLiteral("two"));
+    QCOMPARE(Kept().size(), 1);
+}
+
+void TestCatalogueCache::testFolderThatCannotBeMade()
+{
+    WriteBytes(folder->filePath(QStringLiteral("cache")), "a file where the folder should be");
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("cannot be kept in .*cache")));
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+}
+
+void TestCatalogueCache::testFolderThatCannotBeWritten()
+{
+#ifdef Q_OS_UNIX
+    if (geteuid() == 0)
+        QSKIP("the superuser writes everywhere");
+#endif
+    QVERIFY(QDir().mkpath(CacheFolder()));
+    QVERIFY(QFile::setPermissions(CacheFolder(), QFileDevice::ReadOwner | QFileDevice::ExeOwner));
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("cannot be kept in .*deep")));
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+}
+
+void TestCatalogueCache::testWithoutFolderNothingIsKept()
+{
+    SQLiteWrapper database{QString()};
+    QVERIFY(database.Open(Source()));
+    QCOMPARE(Answer(database), QStringLiteral("one"));
+    QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot),
+             QStringList(QStringLiteral("catalog.db")));
+}
+
+void TestCatalogueCache::testOpenDatabaseOutlivesAReplacedCache()
+{
+    SQLiteWrapper first(CacheFolder());
+    QVERIFY(first.Open(Source()));
+    WriteVersion2(Source(), {TableOf("two")});
+    SQLiteWrapper second(CacheFolder());
+    QVERIFY(second.Open(Source()));
+    QCOMPARE(Answer(second), QStringLiteral("two"));
+    QCOMPARE(Answer(first), QStringLiteral("one"));
+}
+
+void TestCatalogueCache::testSeveralProgramsAtOnce()
+{
+    std::atomic<int> goodAnswers = 0;
+    const auto openAndAsk = [&] {
+        for (int round = 0; round < 10; ++round) {
+            if (OpenedAnswer() == QLatin1String("one"))
+                ++goodAnswers;
+            // As if another version had been kept meanwhile.
+            QFile::remove(KeptFile());
+        }
+    };
+    std::vector<std::thread> programs;
+    for (int program = 0; program < 4; ++program)
+        programs.emplace_back(openAndAsk);
+    for (std::thread &program : programs)
+        program.join();
+    QCOMPARE(goodAnswers.load(), 40);
+}
+
+void TestCatalogueCache::testLeftoversOfAnEndedProgramGo()
+{
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    const QString oldLeftover = KeptFile() + QStringLiteral(".aBcDeF");
+    const QString youngLeftover = KeptFile() + QStringLiteral(".gHiJkL");
+    WriteBytes(oldLeftover, "half a write");
+    WriteBytes(youngLeftover, "half a write");
+    SetModifiedTime(oldLeftover, QDateTime::currentDateTime().addDays(-1));
+    WriteVersion2(Source(), {TableOf("two")});
+    QCOMPARE(OpenedAnswer(), QStringLiteral("two"));
+    QVERIFY(!QFile::exists(oldLeftover));
+    QVERIFY(QFile::exists(youngLeftover));
+}
+
+QTEST_APPLESS_MAIN(TestCatalogueCache)
+#include "TestCatalogueCache.moc"
