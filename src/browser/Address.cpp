@@ -123,4 +123,19 @@ QString MemberPath(const QUrl &url)
     return path;
 }
 
+bool IsWhole(const QUrl &url)
+{
+    const QString path = url.path(QUrl::FullyDecoded);
+    const qsizetype container = path.lastIndexOf(containerEnd);
+    return path.startsWith(storeMark, Qt::CaseInsensitive) && container >= 0 &&
+           path.indexOf(u'\\', container) < 0;
+}
+
+QUrl ToWhole(const QUrl &url, const QString &containerPath)
+{
+    QUrl whole = url;
+    whole.setPath(storeMark + containerPath + containerEnd + MemberPath(url), QUrl::DecodedMode);
+    return whole;
+}
+
 } // namespace Tesk::Address

@@ -24,4 +24,11 @@ QString FromUrl(const QUrl &url);
 /// and neither `.` nor `..` in it. The container's own path does not matter and is cut off.
 QString MemberPath(const QUrl &url);
 
+/// Whether an `mk` address names a container and spells the member with `/` throughout. Relative
+/// addresses lead on from no other: a page inside a container may have led to `/Dokumente/…`.
+bool IsWhole(const QUrl &url);
+
+/// The whole address of the same member in this container; query and fragment are kept.
+QUrl ToWhole(const QUrl &url, const QString &containerPath);
+
 } // namespace Tesk::Address

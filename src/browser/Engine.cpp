@@ -2,8 +2,10 @@
 
 #include "browser/ResourceScheme.h"
 
+#include <QByteArray>
 #include <QtGlobal>
 
+#include <array>
 #include <cstdio>
 
 #ifdef Q_OS_UNIX
@@ -14,6 +16,23 @@ namespace Tesk {
 namespace {
 
 const char *const sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
+const char *const switchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
+
+struct EngineSwitch
+{
+    const char *name;
+    const char *value;
+};
+
+const std::array<EngineSwitch, 3> switches = {{
+    // No host has an address, given in figures or not.
+    {"--host-resolver-rules", "\"MAP * ~NOTFOUND\""},
+    // Calls between browsers send datagrams that no request interceptor sees.
+    {"--force-webrtc-ip-handling-policy", "disable_non_proxied_udp"},
+    // Files and container would have a process each: going from one to the other would start
+    // another every time, which doubles the time that it takes.
+    {"--renderer-process-limit", "1"},
+}};
 
 bool IsSuperuser()
 {
@@ -24,6 +43,16 @@ bool IsSuperuser()
 #endif
 }
 
+void AddSwitches()
+{
+    QByteArray flags = qgetenv(switchesVariable);
+    for (const EngineSwitch &added : switches) {
+        if (!flags.contains(added.name))
+            flags += QByteArray(flags.isEmpty() ? "" : " ") + added.name + '=' + added.value;
+    }
+    qputenv(switchesVariable, flags);
+}
+
 } // namespace
 
 void ConfigureEngine()
@@ -32,6 +61,7 @@ void ConfigureEngine()
         qputenv(sandboxVariable, "1");
         std::fputs("Running as root: the browser engine works without its sandbox.\n", stderr);
     }
+    AddSwitches();
     ResourceScheme::Register();
 }
 

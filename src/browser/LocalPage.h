@@ -1,6 +1,12 @@
 #pragma once
 
+#include "browser/PageChannel.h"
+
+#include <QUrl>
 #include <QWebEnginePage>
+
+class QWebEngineLoadingInfo;
+class QWebEngineNewWindowRequest;
 
 namespace Tesk {
 
@@ -21,12 +27,18 @@ protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
     void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message,
                                   int line, const QString &source) override;
+    void javaScriptAlert(const QUrl &origin, const QString &message) override;
+    bool javaScriptConfirm(const QUrl &origin, const QString &message) override;
+    bool javaScriptPrompt(const QUrl &origin, const QString &message, const QString &preset,
+                          QString *answer) override;
 
 private:
-    void InjectScript();
+    void OpenHere(QWebEngineNewWindowRequest &request);
+    void ReportUnasked(const QWebEngineLoadingInfo &info);
 
-    /// Marks the console messages of our own script; no page can know it.
-    QString token;
+    PageChannel &channel;
+    /// The last address of another program that the engine asked about.
+    QUrl answered;
 };
 
 } // namespace Tesk

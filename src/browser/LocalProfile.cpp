@@ -26,16 +26,19 @@ void SetAttributes(QWebEngineSettings &settings)
     using Settings = QWebEngineSettings;
     for (const Settings::WebAttribute on :
          {Settings::PluginsEnabled, Settings::PdfViewerEnabled,
-          Settings::LocalContentCanAccessFileUrls, Settings::FocusOnNavigationEnabled}) {
+          Settings::LocalContentCanAccessFileUrls,
+          // Left to the gate, which refuses the same requests but says so.
+          Settings::LocalContentCanAccessRemoteUrls}) {
         settings.setAttribute(on, true);
     }
     for (const Settings::WebAttribute off :
-         {Settings::LocalContentCanAccessRemoteUrls, Settings::ErrorPageEnabled,
-          Settings::AutoLoadIconsForPage, Settings::DnsPrefetchEnabled,
+         {// Whoever steers the pages by keyboard from a menu or list stays there.
+          Settings::FocusOnNavigationEnabled,
+          // A page that cannot be shown is answered by our own message.
+          Settings::ErrorPageEnabled, Settings::AutoLoadIconsForPage, Settings::DnsPrefetchEnabled,
           Settings::HyperlinkAuditingEnabled, Settings::LocalStorageEnabled,
           Settings::FullScreenSupportEnabled, Settings::ScreenCaptureEnabled,
-          Settings::WebGLEnabled, Settings::JavascriptCanOpenWindows,
-          Settings::NavigateOnDropEnabled}) {
+          Settings::WebGLEnabled, Settings::NavigateOnDropEnabled}) {
         settings.setAttribute(off, false);
     }
 }

@@ -8,10 +8,8 @@
 /// The scripts that run in the pages' own world.
 namespace Tesk::PageScript {
 
-/// Runs in every main document before anything else. It gives the document an id, which later
-/// changes are checked against, and lets the page set `window.status`, which the engine ignores.
-/// Both reach the program as console messages `<token>document:<id>` and `<token>status:<text>`:
-/// the console keeps the order among them and towards navigations, and drops nothing.
+/// The script that runs in every main document before anything else (PageChannel.h). It reports
+/// `<token>document:<id>` and `<token>status:<text>` on the console.
 QString OnDocumentCreation(const QString &token);
 
 /// Makes the changes if the document is still the one of this id. The result is -1 when all were

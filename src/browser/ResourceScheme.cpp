@@ -57,6 +57,10 @@ public:
 
     void requestStarted(QWebEngineUrlRequestJob *job) override
     {
+        if (!Address::IsWhole(job->requestUrl())) {
+            job->redirect(Address::ToWhole(job->requestUrl(), containerPath));
+            return;
+        }
         const QString member = Address::MemberPath(job->requestUrl());
         const std::optional<QByteArray> content =
             container ? container->Read(member) : std::nullopt;

@@ -1,6 +1,8 @@
 #include "browser/WebBrowser.h"
 
 #include "browser/Address.h"
+#include "browser/BrowserMenu.h"
+#include "browser/FailurePage.h"
 #include "browser/LocalPage.h"
 #include "browser/Log.h"
 #include "browser/PageScript.h"
@@ -21,6 +23,18 @@ bool IsContent(const QUrl &url)
     return url.isLocalFile() || url.scheme() == QLatin1String("mk");
 }
 
+/// The engine's number for a refusal of the gate.
+constexpr int blockedByClient = -20;
+
+/// The engine's number for a file or member that does not exist.
+constexpr int fileNotFound = -6;
+
+bool DiffersInFragmentOnly(const QUrl &left, const QUrl &right)
+{
+    return left != right &&
+           left.adjusted(QUrl::RemoveFragment) == right.adjusted(QUrl::RemoveFragment);
+}
+
 } // namespace
 
 WebBrowser::WebBrowser(QWebEngineProfile *profile, QWidget *parent)
@@ -33,9 +47,13 @@ WebBrowser::WebBrowser(QWebEngineProfile *profile, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view);
     setFocusProxy(view);
+    view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(view, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint &position) { ShowBrowserMenu(view, position); });
 
     connect(page, &QWebEnginePage::loadingChanged, this, &WebBrowser::OnLoading);
     connect(page, &QWebEnginePage::urlChanged, this, &WebBrowser::OnUrlChanged);
+    connect(page, &QWebEnginePage::renderProcessTerminated, this, &WebBrowser::OnTermination);
     connect(page, &LocalPage::DocumentCreated, this,
             [this](const QString &id) { newestDocumentId = id; });
     connect(page, &LocalPage::StatusTextSet, this,
@@ -51,6 +69,7 @@ void WebBrowser::Queue(const std::function<void()> &task)
 
 void WebBrowser::Navigate(const QString &address)
 {
+    ++requests;
     page->load(Address::ToUrl(address));
 }
 
@@ -62,19 +81,32 @@ QString WebBrowser::Address() const
 void WebBrowser::OnLoading(const QWebEngineLoadingInfo &info)
 {
     isLoading = info.status() == QWebEngineLoadingInfo::LoadStartedStatus;
-    if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus)
+    switch (info.status()) {
+    case QWebEngineLoadingInfo::LoadStartedStatus:
+        break;
+    case QWebEngineLoadingInfo::LoadSucceededStatus:
         Complete(page->url());
-    else if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus)
-        qCWarning(browserLog, "%ls cannot be shown: %ls",
-                  qUtf16Printable(Address::FromUrl(info.url())),
-                  qUtf16Printable(info.errorString()));
+        break;
+    case QWebEngineLoadingInfo::LoadStoppedStatus:
+        // A jump asked for during the load ended it.
+        OnUrlChanged(page->url());
+        break;
+    case QWebEngineLoadingInfo::LoadFailedStatus:
+        // The gate refused and said so; the page that asked stays.
+        if (info.errorCode() == blockedByClient)
+            break;
+        ShowFailure(info.url(),
+                    info.errorCode() == fileNotFound
+                        ? QStringLiteral("Its file is missing.")
+                        : QStringLiteral("Its file cannot be read (%1).").arg(info.errorString()));
+        break;
+    }
 }
 
 // A jump inside the document loads nothing and so ends no load.
 void WebBrowser::OnUrlChanged(const QUrl &url)
 {
-    if (!isLoading && url != loadedUrl &&
-        url.adjusted(QUrl::RemoveFragment) == loadedUrl.adjusted(QUrl::RemoveFragment))
+    if (!isLoading && DiffersInFragmentOnly(url, loadedUrl))
         Complete(url);
 }
 
@@ -83,10 +115,43 @@ void WebBrowser::Complete(const QUrl &url)
     loadedUrl = url;
     if (!IsContent(url))
         return;
+    if (url != reloadedUrl)
+        reloadedUrl.clear();
     Queue([this, document = Document{url, newestDocumentId}] {
         reported = document;
         Q_EMIT DocumentComplete(Address());
     });
+}
+
+void WebBrowser::ShowFailure(const QUrl &url, const QString &reason)
+{
+    const QString address = Address::FromUrl(url);
+    qCWarning(browserLog, "%ls cannot be shown. %ls", qUtf16Printable(address),
+              qUtf16Printable(reason));
+    Queue([this, address, reason, request = requests] {
+        // Meanwhile another page may have been asked for.
+        if (isLoading || request != requests)
+            return;
+        reported = {};
+        page->setHtml(FailurePage(address, reason));
+    });
+}
+
+void WebBrowser::OnTermination(QWebEnginePage::RenderProcessTerminationStatus status, int exitCode)
+{
+    if (status == QWebEnginePage::NormalTerminationStatus)
+        return;
+    const QUrl url = isLoading ? page->requestedUrl() : loadedUrl;
+    isLoading = false;
+    // A page that brings the engine down would do so for ever.
+    if (url == reloadedUrl) {
+        ShowFailure(url, QStringLiteral("The browser engine failed on it twice."));
+        return;
+    }
+    qCWarning(browserLog, "the engine failed (%d) on %ls, which is loaded again", exitCode,
+              qUtf16Printable(Address::FromUrl(url)));
+    reloadedUrl = url;
+    Queue([this, url] { page->load(url); });
 }
 
 void WebBrowser::ReportStatusText(const QString &text)

@@ -3,6 +3,7 @@
 #include "browser/HtmlDocument.h"
 
 #include <QUrl>
+#include <QWebEnginePage>
 #include <QWidget>
 
 #include <functional>
@@ -58,7 +59,9 @@ private:
 
     void OnLoading(const QWebEngineLoadingInfo &info);
     void OnUrlChanged(const QUrl &url);
+    void OnTermination(QWebEnginePage::RenderProcessTerminationStatus status, int exitCode);
     void Complete(const QUrl &url);
+    void ShowFailure(const QUrl &url, const QString &reason);
     void ReportStatusText(const QString &text);
     void ReportChanges(int result, const QList<ElementChange> &changes, const QString &address);
     /// Runs `task` from the event loop, after everything that was queued before.
@@ -66,6 +69,8 @@ private:
 
     QWebEngineView *view = nullptr;
     LocalPage *page = nullptr;
+    /// How often the program asked for a page.
+    int requests = 0;
     bool isLoading = false;
     bool isReportingStatus = false;
     QString newestDocumentId;
@@ -73,6 +78,8 @@ private:
     /// event loop tells a little later.
     QUrl loadedUrl;
     Document reported;
+    /// What was loaded again after the engine's process ended.
+    QUrl reloadedUrl;
 };
 
 } // namespace Tesk

@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QVariant>
 #include <QWebEngineProfile>
+#include <QWebEngineSettings>
+#include <QWebEngineView>
 
 #include <memory>
 #include <optional>
@@ -82,6 +84,20 @@ public:
         if (!QTest::qWaitFor([&result] { return result->has_value(); }, waitTime))
             return {};
         return result->value();
+    }
+
+    /// Clicks into the middle of an element with the left button.
+    void Click(const QString &id)
+    {
+        const QVariantList middle =
+            Evaluate(QStringLiteral("(r => [r.x + r.width / 2, r.y + r.height / 2])"
+                                    "(document.getElementById('%1').getBoundingClientRect())")
+                         .arg(id))
+                .toList();
+        if (middle.size() != 2)
+            qFatal("the page of the test has no element to click");
+        QTest::mouseClick(browser->View()->focusProxy(), Qt::LeftButton, {},
+                          QPoint(middle.at(0).toInt(), middle.at(1).toInt()));
     }
 
     WebBrowser &Browser() { return *browser; }

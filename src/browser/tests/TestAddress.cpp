@@ -125,6 +125,33 @@ private Q_SLOTS:
         QFETCH(QString, member);
         QCOMPARE(Address::MemberPath(QUrl(encoded)), member);
     }
+
+    void testWholeAddress_data()
+    {
+        QTest::addColumn<QString>("encoded");
+        QTest::addColumn<bool>("isWhole");
+        QTest::newRow("whole") << QStringLiteral("mk:@MSITStore:/a%5Cb/r.chm::/Dok/a.html") << true;
+        QTest::newRow("rooted") << QStringLiteral("mk:/Dok/a.html") << false;
+        QTest::newRow("backslashes")
+            << QStringLiteral("mk:@MSITStore:/r.chm::%5CDok%5Ca.html") << false;
+        QTest::newRow("no member") << QStringLiteral("mk:@MSITStore:/Dok/a.html") << false;
+    }
+
+    void testWholeAddress()
+    {
+        QFETCH(QString, encoded);
+        QFETCH(bool, isWhole);
+        QCOMPARE(Address::IsWhole(QUrl(encoded)), isWhole);
+    }
+
+    void testWholeAddressNamesTheContainer()
+    {
+        const QUrl whole = Address::ToWhole(QUrl(QStringLiteral("mk:%5CDok%5Ca%20b.html?x=1#t")),
+                                            QStringLiteral("/opt/a #b\\c/r.chm"));
+        QCOMPARE(whole.toEncoded(), "mk:@MSITStore:/opt/a%20%23b%5Cc/r.chm::/Dok/a%20b.html?x=1#t");
+        // The engine asks for what it is led to: that must be the end of it.
+        QVERIFY(Address::IsWhole(whole));
+    }
 };
 
 QTEST_APPLESS_MAIN(TestAddress)

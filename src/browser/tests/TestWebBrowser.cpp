@@ -1,7 +1,61 @@
 #include "BrowserFixture.h"
+#include "LogCapture.h"
+
+#include <QAbstractButton>
+#include <QDesktopServices>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <functional>
+
+#include <csignal>
 
 using namespace Tesk;
 
+namespace {
+
+/// Waits beside a modal dialog, whose own event loop runs, and hands it on.
+class DialogVisitor : public QObject
+{
+public:
+    explicit DialogVisitor(const std::function<void(QWidget *)> &visit)
+    {
+        connect(&timer, &QTimer::timeout, this, [this, visit] {
+            if (QWidget *dialog = QApplication::activeModalWidget()) {
+                timer.stop();
+                visit(dialog);
+            }
+        });
+        timer.start(10);
+    }
+
+private:
+    QTimer timer;
+};
+
+/// Takes the place of the desktop's mail program.
+class MailProgram : public QObject
+{
+    Q_OBJECT
+
+public:
+    MailProgram() { QDesktopServices::setUrlHandler(QStringLiteral("mailto"), this, "Open"); }
+    ~MailProgram() override { QDesktopServices::unsetUrlHandler(QStringLiteral("mailto")); }
+    MailProgram(const MailProgram &) = delete;
+    MailProgram &operator=(const MailProgram &) = delete;
+
+    QList<QUrl> opened;
+
+public Q_SLOTS:
+    void Open(const QUrl &url) { opened.append(url); }
+};
+
+} // namespace
+
+/// The control's manners: failures, dialogs, windows, data sheets, focus.
 class TestWebBrowser : public QObject
 {
     Q_OBJECT
@@ -10,57 +64,280 @@ private:
     BrowserFixture fixture;
     WebBrowser &browser = fixture.Browser();
 
-private Q_SLOTS:
-    void testPageCompletesUnderTheAddressAsSpelled()
+    QString Text(const QString &script) { return fixture.Evaluate(script).toString(); }
+
+    bool OpenPlainPage(const QByteArray &html = "<p id=p>plain</p>")
     {
-        const QString address =
-            fixture.WritePage(QStringLiteral("plain.html"), "<p id=x>plain</p>");
+        return fixture.Open(fixture.WritePage(QStringLiteral("plain.html"), html));
+    }
+
+    bool WaitForFailureMessage()
+    {
+        QSignalSpy loaded(browser.View()->page(), &QWebEnginePage::loadFinished);
+        const auto isShown = [&] { return !loaded.isEmpty() && loaded.last().first().toBool(); };
+        return QTest::qWaitFor(isShown, BrowserFixture::waitTime) &&
+               Text(QStringLiteral("document.title")) == QLatin1String("Page not shown");
+    }
+
+    void MissingPageIsTold(const QString &address)
+    {
+        QVERIFY(OpenPlainPage());
+        const LogCapture log;
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
-        browser.Navigate(address + QStringLiteral("?firstItem=1&id=7"));
+        browser.Navigate(address);
+        QVERIFY(WaitForFailureMessage());
+        QVERIFY(Text(QStringLiteral("document.body.innerText")).contains(address));
+        QVERIFY(Text(QStringLiteral("document.body.innerText"))
+                    .contains(QStringLiteral("Its file is missing.")));
+        QVERIFY(log.Has("tesk.browser", {address, QStringLiteral("missing")}));
+        QCOMPARE(complete.count(), 0);
+        QCOMPARE(browser.Address(), QString());
+    }
+
+private Q_SLOTS:
+    void testMissingFileIsTold()
+    {
+        MissingPageIsTold(fixture.Page(QStringLiteral("missing <b> ü.html?id=7")));
+    }
+
+    void testMissingMemberIsTold()
+    {
+        MissingPageIsTold(fixture.Member(QStringLiteral("/Dokumente/missing.html")));
+    }
+
+    void testChangesAreKeptFromTheFailureMessage()
+    {
+        MissingPageIsTold(fixture.Page(QStringLiteral("missing.html")));
+        const LogCapture log;
+        browser.Apply({{QStringLiteral("p"), ElementChange::Property::InnerHtml, QString()}});
+        QTRY_VERIFY(log.Has("tesk.browser", {QStringLiteral("moved on")}));
+    }
+
+    void testPageAfterAFailureCompletes()
+    {
+        MissingPageIsTold(fixture.Page(QStringLiteral("missing.html")));
+        QVERIFY(OpenPlainPage());
+    }
+
+    void testFailureGivesWayToTheNextPage()
+    {
+        QVERIFY(OpenPlainPage());
+        const QString address = fixture.WritePage(QStringLiteral("next.html"), "<p>next</p>");
+        QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
+        connect(
+            browser.View()->page(), &QWebEnginePage::loadFinished, this,
+            [this, address] { browser.Navigate(address); },
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+        browser.Navigate(fixture.Page(QStringLiteral("missing.html")));
         QVERIFY(complete.wait());
-        QCOMPARE(complete.first().first().toString(),
-                 address + QStringLiteral("?firstItem=1&id=7"));
-        QCOMPARE(browser.Address(), address + QStringLiteral("?firstItem=1&id=7"));
-        QCOMPARE(fixture.Evaluate(QStringLiteral("location.search")).toString(),
-                 QStringLiteral("?firstItem=1&id=7"));
+        QCOMPARE(complete.first().first().toString(), address);
+        QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
     }
 
-    void testContainerPageCompletes()
+    void testDataSheetShowsInside()
     {
-        QVERIFY(fixture.Open(fixture.Member(QStringLiteral("/Dokumente/plain.html"))));
-        QCOMPARE(fixture.Evaluate(QStringLiteral("document.title")).toString(),
-                 QStringLiteral("Plain"));
-        QVERIFY(fixture.Open(fixture.Member(QStringLiteral("/Dokumente/schöne Seite.html"))));
-        QCOMPARE(fixture.Evaluate(QStringLiteral("document.title")).toString(),
-                 QStringLiteral("Umlaut"));
+        QVERIFY(QFile::copy(QStringLiteral(TEST_DATA_DIR "/sheet.pdf"),
+                            fixture.Path(QStringLiteral("A 1 ü.pdf"))));
+        const QString address =
+            QStringLiteral("file://") + fixture.Path(QStringLiteral("A 1 ü.pdf"));
+        QVERIFY(OpenPlainPage("<a id=a href='../A 1 ü.pdf'>sheet</a>"));
+        QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
+        fixture.Click(QStringLiteral("a"));
+        QVERIFY(complete.wait());
+        QCOMPARE(complete.first().first().toString(), address);
+        // The sheet's page is one red square, shown somewhere on the viewer's grey ground.
+        const auto showsRed = [this] {
+            const QImage shown = browser.grab().toImage();
+            for (int y = 0; y < shown.height(); y += 10) {
+                for (int x = 0; x < shown.width(); x += 10) {
+                    if (shown.pixelColor(x, y) == QColor(255, 0, 0))
+                        return true;
+                }
+            }
+            return false;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(showsRed(), BrowserFixture::waitTime);
     }
 
-    void testStatusTextsArriveInOrder()
+    void testQuestionsComeUnderTheWindowsTitle()
     {
-        QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("plain.html"), "<p>plain</p>")));
+        QVERIFY(OpenPlainPage());
+        browser.setWindowTitle(QStringLiteral("The catalogue"));
+        QString title;
+        QString message;
+        QWidget *parent = nullptr;
+        const auto answer = [&](QMessageBox::StandardButton button) {
+            return [&, button](QWidget *dialog) {
+                auto *box = qobject_cast<QMessageBox *>(dialog);
+                title = box->windowTitle();
+                message = box->text();
+                parent = box->parentWidget();
+                box->button(button)->click();
+            };
+        };
+        {
+            const DialogVisitor visitor(answer(QMessageBox::Cancel));
+            QCOMPARE(fixture.Evaluate(QStringLiteral("confirm('Delete <b>1</b>?')")), false);
+        }
+        QCOMPARE(title, QStringLiteral("The catalogue"));
+        QCOMPARE(message, QStringLiteral("Delete <b>1</b>?"));
+        QCOMPARE(parent, browser.window());
+        {
+            const DialogVisitor visitor(answer(QMessageBox::Ok));
+            QCOMPARE(fixture.Evaluate(QStringLiteral("confirm('Delete?')")), true);
+        }
+        {
+            const DialogVisitor visitor(answer(QMessageBox::Ok));
+            QCOMPARE(Text(QStringLiteral("alert('Not a number'); 'told'")), QStringLiteral("told"));
+        }
+        QCOMPARE(message, QStringLiteral("Not a number"));
+    }
+
+    void testStatusTextAfterAQuestion()
+    {
+        QVERIFY(OpenPlainPage(
+            "<a id=a href=\"javascript:if(confirm('Delete?')){ window.status='delItem:0' }\">"
+            "delete</a>"));
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
-        browser.RunScript(QStringLiteral("window.status='a:1'; status='a:1'; window.status=''; "
-                                         "self.status='100%% %s %c ü\\n😀'"));
-        QTRY_COMPARE(status.count(), 4);
-        QCOMPARE(status.at(0).first().toString(), QStringLiteral("a:1"));
-        QCOMPARE(status.at(1).first().toString(), QStringLiteral("a:1"));
-        QCOMPARE(status.at(2).first().toString(), QString());
-        QCOMPARE(status.at(3).first().toString(), QStringLiteral("100%% %s %c ü\n😀"));
+        const DialogVisitor visitor([](QWidget *dialog) {
+            qobject_cast<QMessageBox *>(dialog)->button(QMessageBox::Ok)->click();
+        });
+        fixture.Click(QStringLiteral("a"));
+        QTRY_COMPARE(status.count(), 1);
+        QCOMPARE(status.first().first().toString(), QStringLiteral("delItem:0"));
     }
 
-    void testChangesLandInThePage()
+    void testPromptAnswers()
     {
-        QVERIFY(fixture.Open(
-            fixture.WritePage(QStringLiteral("fill.html"), "<div id=a></div><div id=b></div>")));
-        const QString html = QStringLiteral("<b title=\"x'y\">ü \u2028 %1 </script></b>");
-        browser.Apply(
-            {{QStringLiteral("a"), ElementChange::Property::InnerHtml, html},
-             {QStringLiteral("b"), ElementChange::Property::Visibility, QStringLiteral("hidden")}});
-        QCOMPARE(fixture.Evaluate(QStringLiteral("document.all.item('a').innerHTML")).toString(),
-                 QStringLiteral("<b title=\"x'y\">ü \u2028 %1 </b>"));
-        QCOMPARE(
-            fixture.Evaluate(QStringLiteral("document.all.item('b').style.visibility")).toString(),
-            QStringLiteral("hidden"));
+        QVERIFY(OpenPlainPage());
+        const DialogVisitor visitor([](QWidget *dialog) {
+            auto *input = qobject_cast<QInputDialog *>(dialog);
+            input->setTextValue(input->textValue() + u'!');
+            input->accept();
+        });
+        QCOMPARE(Text(QStringLiteral("prompt('Name', 'preset')")), QStringLiteral("preset!"));
+    }
+
+    void testLinkForANewWindowOpensHere()
+    {
+        const QString target = fixture.WritePage(QStringLiteral("target.html"), "<p>target</p>");
+        QVERIFY(OpenPlainPage("<a id=a target=_blank href=target.html>new</a>"));
+        QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
+        fixture.Click(QStringLiteral("a"));
+        QVERIFY(complete.wait());
+        QCOMPARE(complete.first().first().toString(), target);
+    }
+
+    void testWindowThatNobodyAskedForIsRefused()
+    {
+        const LogCapture log;
+        fixture.WritePage(QStringLiteral("popup.html"), "<p>popup</p>");
+        QVERIFY(OpenPlainPage("<p>plain</p><script>window.open('popup.html')</script>"));
+        QTRY_VERIFY(log.Has("tesk.browser.gate", {QStringLiteral("popup.html")}));
+        QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("plain"));
+        for (const QWidget *widget : QApplication::topLevelWidgets())
+            QVERIFY(!widget->isVisible() || widget == browser.window());
+    }
+
+    void testMailAddressGoesToTheDesktopOnAClick()
+    {
+        const MailProgram mail;
+        QVERIFY(OpenPlainPage("<a id=a href='mailto:maker@example.com?subject=x'>mail</a>"));
+        fixture.Click(QStringLiteral("a"));
+        QTRY_COMPARE(mail.opened,
+                     QList<QUrl>{QUrl(QStringLiteral("mailto:maker@example.com?subject=x"))});
+        QVERIFY(OpenPlainPage());
+    }
+
+    void testDownloadIsRefused()
+    {
+        const LogCapture log;
+        fixture.Write(QStringLiteral("content/archive.zip"), "PK\3\4");
+        QVERIFY(OpenPlainPage("<a id=a href=archive.zip>archive</a><a id=b download "
+                              "href=plain.html>page</a>"));
+        fixture.Click(QStringLiteral("a"));
+        QTRY_VERIFY(log.Has("tesk.browser.gate", {QStringLiteral("archive.zip")}));
+        fixture.Click(QStringLiteral("b"));
+        QTRY_VERIFY(log.Has("tesk.browser.gate", {QStringLiteral("plain.html")}));
+        QCOMPARE(Text(QStringLiteral("a.innerText")), QStringLiteral("archive"));
+    }
+
+    void testPageIsLoadedAgainOnceAfterACrash()
+    {
+        QVERIFY(OpenPlainPage());
+        const LogCapture log;
+        const QString address = browser.Address();
+        QWebEnginePage *page = browser.View()->page();
+        QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
+        QVERIFY(page->renderProcessPid() > 0);
+        ::kill(static_cast<pid_t>(page->renderProcessPid()), SIGKILL);
+        QVERIFY(complete.wait());
+        QCOMPARE(complete.first().first().toString(), address);
+        QVERIFY(log.Has("tesk.browser", {QStringLiteral("loaded again"), address}));
+
+        ::kill(static_cast<pid_t>(page->renderProcessPid()), SIGKILL);
+        QVERIFY(WaitForFailureMessage());
+        QVERIFY(Text(QStringLiteral("document.body.innerText"))
+                    .contains(QStringLiteral("failed on it twice")));
+        QCOMPARE(complete.count(), 1);
+        QVERIFY(OpenPlainPage());
+    }
+
+    void testPagesTakeTheDesktopsFont()
+    {
+        QFont font = QApplication::font();
+        QVERIFY(OpenPlainPage("<p id=p>plain</p>"));
+        QCOMPARE(Text(QStringLiteral("getComputedStyle(document.body).fontSize")),
+                 QStringLiteral("%1px").arg(QFontInfo(font).pixelSize()));
+        QCOMPARE(fixture.Profile().settings()->fontFamily(QWebEngineSettings::SansSerifFont),
+                 QFontInfo(font).family());
+    }
+
+    void testNavigationLeavesTheFocusAlone()
+    {
+        QWidget window;
+        QLineEdit edit(&window);
+        WebBrowser inside(&fixture.Profile(), &window);
+        inside.setGeometry(0, 40, 400, 300);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        edit.setFocus();
+        QSignalSpy complete(&inside, &WebBrowser::DocumentComplete);
+        inside.Navigate(fixture.WritePage(QStringLiteral("focus.html"), "<input autofocus>"));
+        QVERIFY(complete.wait());
+        QVERIFY(edit.hasFocus());
+        inside.setFocus();
+        QVERIFY(inside.View()->hasFocus());
+    }
+
+    void testMenuOffersWhatCanBeDone()
+    {
+        QVERIFY(OpenPlainPage("<p id=p>plain</p><input id=i value=text>"));
+        const auto entriesAt = [this](const QString &id) {
+            const QVariantList middle =
+                fixture
+                    .Evaluate(QStringLiteral("(r => [r.x + 8, r.y + 8])(document.getElementById("
+                                             "'%1').getBoundingClientRect())")
+                                  .arg(id))
+                    .toList();
+            const QPoint at(middle.at(0).toInt(), middle.at(1).toInt());
+            QSignalSpy requested(browser.View(), &QWidget::customContextMenuRequested);
+            QTest::mouseClick(browser.View()->focusProxy(), Qt::RightButton, {}, at);
+            QStringList entries;
+            if (!QTest::qWaitFor([&requested] { return requested.count() > 0; }))
+                entries.append(QStringLiteral("no request"));
+            if (auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
+                for (const QAction *action : menu->actions())
+                    entries.append(action->text());
+                menu->close();
+            }
+            return entries;
+        };
+        QCOMPARE(entriesAt(QStringLiteral("p")), QStringList());
+        fixture.Evaluate(QStringLiteral("getSelection().selectAllChildren(p)"));
+        QCOMPARE(entriesAt(QStringLiteral("p")), QStringList{QStringLiteral("Copy")});
+        fixture.Evaluate(QStringLiteral("i.focus(); i.select()"));
+        QVERIFY(entriesAt(QStringLiteral("i")).contains(QStringLiteral("Cut")));
     }
 };
 
