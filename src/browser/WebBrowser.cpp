@@ -7,6 +7,7 @@
 #include "browser/Log.h"
 #include "browser/PageScript.h"
 
+#include <QAbstractEventDispatcher>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
@@ -64,7 +65,13 @@ WebBrowser::~WebBrowser() = default;
 
 void WebBrowser::Queue(const std::function<void()> &task)
 {
-    QMetaObject::invokeMethod(this, task, Qt::QueuedConnection);
+    const auto run = [task] {
+        // An event loop that the task opens would sleep on the events posted before it, and the
+        // engine's next step is one of them: the page behind a dialog would freeze.
+        QAbstractEventDispatcher::instance()->wakeUp();
+        task();
+    };
+    QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
 }
 
 void WebBrowser::Navigate(const QString &address)

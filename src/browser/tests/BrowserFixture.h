@@ -7,17 +7,18 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QVariant>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
 #include <QWebEngineView>
 
 #include <memory>
-#include <optional>
 
 namespace Tesk {
 
@@ -79,11 +80,17 @@ public:
     /// The result of a script in the page; an invalid value when none came.
     QVariant Evaluate(const QString &script)
     {
-        const auto result = std::make_shared<std::optional<QVariant>>();
-        browser->RunScript(script, [result](const QVariant &value) { *result = value; });
-        if (!QTest::qWaitFor([&result] { return result->has_value(); }, waitTime))
-            return {};
-        return result->value();
+        // The engine works in small steps: a real event loop takes them at once, a polling wait
+        // one every few milliseconds.
+        const auto loop = std::make_shared<QEventLoop>();
+        const auto result = std::make_shared<QVariant>();
+        browser->RunScript(script, [loop, result](const QVariant &value) {
+            *result = value;
+            loop->quit();
+        });
+        QTimer::singleShot(waitTime, loop.get(), &QEventLoop::quit);
+        loop->exec();
+        return *result;
     }
 
     /// Clicks into the middle of an element with the left button.

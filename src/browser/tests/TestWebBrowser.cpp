@@ -74,9 +74,11 @@ private:
     bool WaitForFailureMessage()
     {
         QSignalSpy loaded(browser.View()->page(), &QWebEnginePage::loadFinished);
-        const auto isShown = [&] { return !loaded.isEmpty() && loaded.last().first().toBool(); };
-        return QTest::qWaitFor(isShown, BrowserFixture::waitTime) &&
-               Text(QStringLiteral("document.title")) == QLatin1String("Page not shown");
+        while (loaded.isEmpty() || !loaded.last().first().toBool()) {
+            if (!loaded.wait(BrowserFixture::waitTime))
+                return false;
+        }
+        return Text(QStringLiteral("document.title")) == QLatin1String("Page not shown");
     }
 
     void MissingPageIsTold(const QString &address)
