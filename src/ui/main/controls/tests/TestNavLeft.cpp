@@ -5,11 +5,11 @@
 #include "ui/main/controls/NavLeft.h"
 
 #include <QAccessible>
+#include <QHBoxLayout>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
-#include <QVBoxLayout>
 #include <QWindow>
 
 using namespace Tesk;
