@@ -19,8 +19,6 @@ public:
         , order(byteOrder)
     {}
 
-    std::size_t Size() const { return content.size(); }
-
     std::uint32_t Byte(std::size_t offset) const
     {
         Require(offset, 1);

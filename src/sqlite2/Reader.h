@@ -15,7 +15,7 @@ namespace Sqlite2 {
 /// over it. The file is read whole at once; nothing is ever written.
 ///
 /// Whatever the bytes are, a call returns rows that stand in the file or throws Error: it neither
-/// reads outside the file's bytes nor runs without end.
+/// reads outside the file's bytes nor runs without end. One thread at a time may use a reader.
 class Reader
 {
 public:
