@@ -2,11 +2,27 @@
 #include "pages/HtmlBuilder.h"
 #include "pages/PageContext.h"
 
+#include <array>
 #include <utility>
 
 namespace Tesk {
 
 namespace {
+
+/// A page would take these signs of a folder's name for the end of the path, of the script's text
+/// or of the attribute. Blanks and letters stay as they are spelled.
+QString InPage(QString address)
+{
+    constexpr std::array<std::pair<char16_t, QLatin1String>, 5> escapes{
+        {{u'%', QLatin1String("%25")},
+         {u'#', QLatin1String("%23")},
+         {u'?', QLatin1String("%3F")},
+         {u'\'', QLatin1String("%27")},
+         {u'"', QLatin1String("%22")}}};
+    for (const auto &[sign, escape] : escapes)
+        address.replace(QChar(sign), escape);
+    return address;
+}
 
 /// The page context of the running program.
 class ControllerPageContext final : public PageContext
@@ -17,8 +33,14 @@ public:
     {}
 
     QString GetText(const QString &key) const override { return controller.GetText(key); }
-    QString GetContentBaseUrl() const override { return controller.GetContentBaseUrl(); }
-    QString GetResourceBaseUrl() const override { return controller.GetResourceBaseUrl(); }
+    QString GetContentBaseUrl() const override
+    {
+        return InPage(controller.GetContentBaseUrl());
+    }
+    QString GetResourceBaseUrl() const override
+    {
+        return InPage(controller.GetResourceBaseUrl());
+    }
     QString GetSizeColumn() const override { return controller.GetSizeColumn(); }
     bool HasPriceList() const override { return controller.HasPriceList(); }
     QString GetPrice(const QString &artNr) const override { return controller.GetPrice(artNr); }
@@ -28,11 +50,11 @@ public:
     }
     QString GetPdfDocumentUrl(const QString &artNr) const override
     {
-        return controller.GetPdfDocumentUrl(artNr);
+        return InPage(controller.GetPdfDocumentUrl(artNr));
     }
     QString GetInfoDocumentUrl(const QString &helpId) const override
     {
-        return controller.GetInfoDocumentUrl(helpId);
+        return InPage(controller.GetInfoDocumentUrl(helpId));
     }
 
 private:

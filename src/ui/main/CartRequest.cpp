@@ -1,0 +1,48 @@
+#include "ui/main/CartRequest.h"
+
+#include "base/Numbers.h"
+#include "cart/dialogs/frmShoppingCartAmount.h"
+#include "core/Controller.h"
+
+#include <QMessageBox>
+#include <QScopedValueRollback>
+
+namespace Tesk {
+
+CartRequest::CartRequest(Controller &controller, QWidget *owner)
+    : QObject(owner)
+    , controller(controller)
+    , owner(owner)
+{
+}
+
+void CartRequest::StatusTextChange(const QString &text)
+{
+    if (isDialogOpen || !text.contains(QLatin1String("shoppingCart")) || text == lastStatusText)
+        return;
+    const QScopedValueRollback dialogGuard(isDialogOpen, true);
+    const QString id = text.mid(text.lastIndexOf(u':') + 1);
+    if (!id.isEmpty())
+        AskAndAdd(id);
+    lastStatusText = text;
+}
+
+void CartRequest::AskAndAdd(const QString &id)
+{
+    const auto getText = [this](const QString &key) { return controller.GetText(key); };
+    frmShoppingCartAmount dialog(getText, owner);
+    dialog.exec();
+    if (dialog.Action() != DialogAction::Confirmed)
+        return;
+    const qint16 amount = dialog.Amount();
+    controller.AddProductToCart(ToInt16(id), amount, QString());
+    const QString message =
+        amount == 1
+            ? controller.GetText(QStringLiteral("ucShoppingCartAddSuccess1"))
+            : controller.GetText(QStringLiteral("ucShoppingCartAddSuccess2"))
+                  .replace(QLatin1String("{0}"), QString::number(amount));
+    QMessageBox box(QMessageBox::Information, QString(), message, QMessageBox::Ok, owner);
+    box.exec();
+}
+
+} // namespace Tesk

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QWidget;
+
+namespace Tesk {
+
+class Controller;
+
+/// A catalogue page's request to put a product into the cart, which it makes by its status text.
+class CartRequest final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `owner` is the window that the dialogs belong to.
+    CartRequest(Controller &controller, QWidget *owner);
+
+public Q_SLOTS:
+    /// Acts on a text that holds "shoppingCart" and differs from the last such text: the product id
+    /// stands behind its last ":". Texts that arrive while the dialog is open are dropped.
+    void StatusTextChange(const QString &text);
+
+private:
+    void AskAndAdd(const QString &id);
+
+    Controller &controller;
+    QWidget *owner;
+    QString lastStatusText;
+    bool isDialogOpen = false;
+};
+
+} // namespace Tesk

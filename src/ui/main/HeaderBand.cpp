@@ -1,0 +1,142 @@
+#include "ui/main/HeaderBand.h"
+
+#include "core/LanguageSupport.h"
+#include "ui/main/LogoButton.h"
+#include "ui/main/Palette.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace Tesk {
+
+namespace {
+
+constexpr int BandHeight = 60; // pixels
+constexpr int SideMargin = 16; // pixels
+
+// The captions that stand until the texts of the current language are applied.
+const std::array<QString, HeaderBand::LanguageCount> LanguageCaptions{
+    QStringLiteral("deutsch"), QStringLiteral("english"), QStringLiteral("français"),
+    QStringLiteral("espanol"), QStringLiteral("italiano")};
+
+QString FlatButtonStyle()
+{
+    return QStringLiteral("QPushButton { border: 1px solid transparent; border-radius: 3px;"
+                          " padding: 4px 8px; background: %1; color: %2; }"
+                          "QPushButton:hover { text-decoration: underline; }"
+                          "QPushButton:focus { border-color: %3; }"
+                          "QPushButton:checked { background: %4; }")
+        .arg(Palette::White.name(), Palette::Text.name(), Palette::Secondary.name(),
+             Palette::CurrentLanguage.name());
+}
+
+QString MainButtonStyle()
+{
+    return QStringLiteral("QPushButton { border: 1px solid %1; border-radius: 3px; color: %2;"
+                          " padding: 5px 14px; background: %1; font-weight: bold; }"
+                          "QPushButton:hover, QPushButton:focus { border-color: %3; }"
+                          "QPushButton:disabled { background: %4; border-color: %4; }")
+        .arg(Palette::Red.name(), Palette::White.name(), Palette::Text.name(),
+             Palette::Secondary.lighter(160).name());
+}
+
+} // namespace
+
+HeaderBand::HeaderBand(QWidget *parent)
+    : QWidget(parent)
+{
+    setAutoFillBackground(true);
+    QPalette bandPalette = palette();
+    bandPalette.setColor(backgroundRole(), Palette::White);
+    setPalette(bandPalette);
+    setFixedHeight(BandHeight);
+
+    auto *const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(SideMargin, 0, SideMargin, 0);
+    layout->setSpacing(4);
+
+    imgLogo = new LogoButton(this);
+    imgLogo->setObjectName(QStringLiteral("imgLogo"));
+    layout->addWidget(imgLogo);
+    layout->addSpacing(12);
+
+    for (size_t i = 0; i < btnLang.size(); ++i) {
+        btnLang[i] = AddFlatButton(QStringLiteral("btnLang%1").arg(i), LanguageCaptions[i]);
+        btnLang[i]->setCheckable(true);
+    }
+    btnInfo = AddFlatButton(QStringLiteral("btnInfo"), QStringLiteral("info"));
+    layout->addStretch(1);
+
+    cbUnitSelection = new QComboBox(this);
+    cbUnitSelection->setObjectName(QStringLiteral("cbUnitSelection"));
+    cbUnitSelection->addItems({QString(), QString()});
+    layout->addWidget(cbUnitSelection);
+    layout->addSpacing(8);
+
+    tbFastSearchText = new QLineEdit(this);
+    tbFastSearchText->setObjectName(QStringLiteral("tbFastSearchText"));
+    tbFastSearchText->setMinimumWidth(100);
+    tbFastSearchText->setMaximumWidth(230);
+    layout->addWidget(tbFastSearchText, 4);
+
+    cbFastSearchType = new QComboBox(this);
+    cbFastSearchType->setObjectName(QStringLiteral("cbFastSearchType"));
+    cbFastSearchType->addItems({QString(), QString(), QString()});
+    layout->addWidget(cbFastSearchType);
+
+    btnFastSearch = new QPushButton(this);
+    btnFastSearch->setObjectName(QStringLiteral("btnFastSearch"));
+    btnFastSearch->setStyleSheet(MainButtonStyle());
+    layout->addWidget(btnFastSearch);
+
+    for (QComboBox *const box : {cbUnitSelection, cbFastSearchType})
+        box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+}
+
+QPushButton *HeaderBand::AddFlatButton(const QString &name, const QString &caption)
+{
+    auto *const button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    button->setStyleSheet(FlatButtonStyle());
+    button->setCursor(Qt::PointingHandCursor);
+    button->setAutoDefault(false);
+    layout()->addWidget(button);
+    return button;
+}
+
+void HeaderBand::ApplyGuiTexts(const LanguageSupport &languages, int unit)
+{
+    for (size_t i = 0; i < btnLang.size(); ++i)
+        btnLang[i]->setText(languages.GetText(QStringLiteral("mLanguageSelect%1").arg(i)));
+    for (int i = 0; i < cbUnitSelection->count(); ++i)
+        cbUnitSelection->setItemText(
+            i, languages.GetText(QStringLiteral("unitSelection%1").arg(i)));
+    cbUnitSelection->setCurrentIndex(unit == 0 ? 0 : 1);
+
+    btnFastSearch->setText(languages.GetText(QStringLiteral("fastSearchSubmit")));
+    for (int i = 0; i < cbFastSearchType->count(); ++i)
+        cbFastSearchType->setItemText(
+            i, languages.GetText(QStringLiteral("fastSearchType%1").arg(i)));
+    cbFastSearchType->setCurrentIndex(0);
+
+    const QString searchName = languages.GetText(QStringLiteral("searchHeadline"));
+    tbFastSearchText->setAccessibleName(searchName);
+    tbFastSearchText->setPlaceholderText(searchName);
+    cbFastSearchType->setAccessibleName(searchName);
+    cbUnitSelection->setAccessibleName(languages.GetText(QStringLiteral("ucSearchDetailUnit")));
+    const QString homeName = languages.GetText(QStringLiteral("ucWelcomeCaption"));
+    imgLogo->setAccessibleName(homeName);
+    imgLogo->setToolTip(homeName);
+    btnInfo->setAccessibleName(homeName);
+    btnInfo->setToolTip(homeName);
+}
+
+void HeaderBand::MarkCurrentLanguage(int index)
+{
+    for (size_t i = 0; i < btnLang.size(); ++i)
+        btnLang[i]->setChecked(static_cast<int>(i) == index);
+}
+
+} // namespace Tesk

@@ -1,0 +1,60 @@
+#include "ui/main/MainMenu.h"
+
+#include "core/LanguageSupport.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace Tesk {
+
+MainMenu::MainMenu(QMenuBar *bar)
+    : QObject(bar)
+{
+    mFile = bar->addMenu(QStringLiteral("&Datei"));
+    mLoadPriceList = mFile->addAction(QStringLiteral("Preisliste laden"));
+    mFile->addSeparator();
+    mExit = mFile->addAction(QStringLiteral("Beenden"));
+    mExit->setShortcut(QKeySequence::Quit);
+
+    mLanguage = bar->addMenu(QStringLiteral("&Sprache"));
+    const std::array<QString, LanguageCount> languageCaptions{
+        QStringLiteral("Deutsch"), QStringLiteral("English"), QStringLiteral("Francais"),
+        QStringLiteral("Espanol"), QStringLiteral("Italiano")};
+    for (size_t i = 0; i < mLanguageSelect.size(); ++i) {
+        mLanguageSelect[i] = mLanguage->addAction(languageCaptions[i]);
+        mLanguageSelect[i]->setCheckable(true);
+    }
+
+    mExtra = bar->addMenu(QStringLiteral("E&xtras"));
+    mSettings = mExtra->addAction(QStringLiteral("Einstellungen"));
+    mContact = mExtra->addAction(QStringLiteral("Kontakt"));
+
+    mHelp = bar->addMenu(QStringLiteral("&Hilfe"));
+    mInfo = mHelp->addAction(QStringLiteral("Info"));
+}
+
+void MainMenu::ApplyGuiTexts(const LanguageSupport &languages)
+{
+    const auto text = [&](const char *key) { return languages.GetText(QLatin1String(key)); };
+    mFile->setTitle(text("mFile"));
+    mLoadPriceList->setText(text("mLoadPriceList"));
+    mExit->setText(text("mExit"));
+    mLanguage->setTitle(text("mLanguage"));
+    for (size_t i = 0; i < mLanguageSelect.size(); ++i)
+        mLanguageSelect[i]->setText(
+            languages.GetText(QStringLiteral("mLanguageSelect%1").arg(i)));
+    mExtra->setTitle(text("mExtra"));
+    mSettings->setText(text("mSettings"));
+    mContact->setText(text("mContact"));
+    mHelp->setTitle(text("mHelp"));
+    mInfo->setText(text("mInfo"));
+}
+
+void MainMenu::MarkCurrentLanguage(int index)
+{
+    for (size_t i = 0; i < mLanguageSelect.size(); ++i)
+        mLanguageSelect[i]->setChecked(static_cast<int>(i) == index);
+}
+
+} // namespace Tesk

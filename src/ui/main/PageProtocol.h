@@ -1,0 +1,78 @@
+#pragma once
+
+#include "core/ResultTable.h"
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+namespace Tesk {
+
+class CategoryTree;
+class Controller;
+class HtmlBuilder;
+class HtmlDocument;
+class MousePointer;
+class NavigationHistory;
+class PageHost;
+
+/// Recognises the page that the browser has loaded by its address and fills it: the welcome page at
+/// once, the others when `LoaderTimer` ticks, so that of two pages in quick succession only the
+/// last is filled.
+class PageProtocol final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Time between a page's completion and its filling, in milliseconds.
+    static constexpr int LoaderInterval = 200;
+
+    /// What the protocol works with; all of it outlives the protocol.
+    struct Parts
+    {
+        const Controller &controller;
+        const HtmlBuilder &builder;
+        const CategoryTree &tree;
+        NavigationHistory &history;
+        HtmlDocument &browser;
+        PageHost &host;
+        MousePointer &pointer;
+    };
+
+    explicit PageProtocol(const Parts &parts, QObject *parent = nullptr);
+
+    /// The address of the last completed page; the window sets the address that it is about to open.
+    const QString &CurrentUrl() const { return currentUrl; }
+    void SetCurrentUrl(const QString &address) { currentUrl = address; }
+
+    /// The product rows that list pages and the steps from product to product work on.
+    const ResultTable &ProductRows() const { return productRows; }
+    void SetProductRows(ResultTable rows) { productRows = std::move(rows); }
+
+public Q_SLOTS:
+    /// The browser has completed the page at this address (percent-decoded).
+    void DocumentComplete(const QString &address);
+
+Q_SIGNALS:
+    /// A fill has ended, successful or not.
+    void PageFilled(const QString &elementId);
+
+private:
+    void ArmLoader(const QString &elementId, const QString &address);
+    void LoaderTick();
+    void Fill(const QString &elementId, const QString &id);
+    void FillWelcomePage();
+    void ShowCategoryList(const QString &id);
+    void ShowProductList(const QString &id);
+    void ShowProductDetails(const QString &id);
+
+    Parts parts;
+    QTimer LoaderTimer;
+    QString currentUrl;
+    QString pendingElementId;
+    QString pendingId;
+    qint16 firstItem = 1;
+    ResultTable productRows;
+};
+
+} // namespace Tesk

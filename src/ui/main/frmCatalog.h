@@ -1,0 +1,91 @@
+#pragma once
+
+#include "pages/HtmlBuilder.h"
+#include "core/CategoryTree.h"
+#include "ui/main/MousePointer.h"
+#include "ui/main/PageHost.h"
+#include "ui/main/history/NavigationHistory.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QLabel;
+class QTabWidget;
+class QWebEngineProfile;
+
+namespace Tesk {
+
+class CartRequest;
+class CategoryTreeView;
+class Controller;
+class HeaderBand;
+class MainMenu;
+class PageProtocol;
+class WebBrowser;
+
+/// The main window: it owns the browser, the tree, the tabs and the menus, and wires them together.
+class frmCatalog final : public QMainWindow, public PageHost
+{
+    Q_OBJECT
+
+public:
+    enum Tab { ProductsTab = 0, CategoriesTab = 1, CartTab = 2, SearchTab = 3 };
+
+    /// Both outlive the window; `profile` carries the resource scheme.
+    frmCatalog(Controller &controller, QWebEngineProfile *profile);
+    ~frmCatalog() override;
+
+    /// Starts the program up and goes to the welcome page. Throws CatalogueError when the program
+    /// cannot run. The result is a message for the user, empty when all went well.
+    QString Load();
+
+    /// All texts in the current language, and the current page opened again in language and unit.
+    /// Throws FileError without the file "version".
+    void ApplyGuiTexts();
+    void GoHome();
+    void MarkCurrentLanguage();
+    void FillCategoryTree();
+
+    const CategoryNode *CurrentNode() const override { return currentNode; }
+    void TreeViewCategories_NodeClick(const CategoryNode *node) override;
+    void SetStatusText(const QString &text) override;
+
+    const CategoryTree &Tree() const { return tree; }
+    PageProtocol &Protocol() { return *protocol; }
+    const NavigationHistory &History() const { return history; }
+
+    MainMenu *menus = nullptr;
+    HeaderBand *header = nullptr;
+    QTabWidget *tabMain = nullptr;
+    WebBrowser *wbMain = nullptr;
+    CategoryTreeView *TreeViewCategories = nullptr;
+    QLabel *lblCategorySelection = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void BuildLayout(QWebEngineProfile *profile);
+    QWidget *BuildCategoriesTab();
+    void ConnectControls();
+    void SelectTab(Tab tab);
+    void SelectLanguage(int index);
+    void SelectUnit(int index);
+    void AskAndExit();
+    void AskAndLoadPriceList();
+    bool IsExitConfirmed();
+    void ReloadPage();
+    QString ReadVersion() const;
+
+    Controller &controller;
+    HtmlBuilder builder;
+    CategoryTree tree;
+    NavigationHistory history;
+    MousePointer pointer;
+    const CategoryNode *currentNode = nullptr;
+    std::unique_ptr<PageProtocol> protocol;
+    CartRequest *cartRequest = nullptr;
+};
+
+} // namespace Tesk

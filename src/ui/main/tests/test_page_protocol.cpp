@@ -1,0 +1,195 @@
+#include "core/CategoryTree.h"
+#include "pages/HtmlBuilder.h"
+#include "support/RecordingDocument.h"
+#include "support/TestApplication.h"
+#include "ui/main/MousePointer.h"
+#include "ui/main/PageHost.h"
+#include "ui/main/PageProtocol.h"
+#include "ui/main/history/NavigationHistory.h"
+
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Tesk;
+
+namespace {
+
+class RecordingHost final : public PageHost
+{
+public:
+    const CategoryNode *CurrentNode() const override { return currentNode; }
+    void TreeViewCategories_NodeClick(const CategoryNode *node) override
+    {
+        currentNode = node;
+        ++clickCount;
+    }
+    void SetStatusText(const QString &text) override { statusTexts << text; }
+
+    const CategoryNode *currentNode = nullptr;
+    int clickCount = 0;
+    QStringList statusTexts;
+};
+
+QString Page(const char *tail)
+{
+    return QStringLiteral("file:///a/content/") + QLatin1String(tail);
+}
+
+} // namespace
+
+/// On the sample database: category 2 holds 12 products, products 50 and 25 are sets, 17 is none.
+class TestPageProtocol final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        application = std::make_unique<TestApplication>(QStringLiteral(SAMPLES_DIR "/catalog.db"));
+        builder = std::make_unique<HtmlBuilder>(application->GetController());
+        tree = std::make_unique<CategoryTree>();
+        tree->Fill(application->GetController().Queries().QueryCategories());
+        history = std::make_unique<NavigationHistory>();
+        document = RecordingDocument();
+        host = RecordingHost();
+        protocol = std::make_unique<PageProtocol>(
+            PageProtocol::Parts{application->GetController(), *builder, *tree, *history, document,
+                                host, pointer});
+        filled = std::make_unique<QSignalSpy>(protocol.get(), &PageProtocol::PageFilled);
+    }
+
+    void testEmptyAddressResetsThePointerOnly()
+    {
+        for (const char *address : {"  http:///  ", "", "   "}) {
+            pointer.SetHourglass();
+            protocol->DocumentComplete(QLatin1String(address));
+            QCOMPARE(QApplication::overrideCursor(), nullptr);
+            QCOMPARE(protocol->CurrentUrl(), QLatin1String(address));
+        }
+        protocol->DocumentComplete(Page("one.html"));
+        QVERIFY(!history->HasMoreEntries());
+        QVERIFY(document.changes.isEmpty());
+    }
+
+    void testCategoryPageOfAnotherNodeSelectsItAndReplacesItsEntry()
+    {
+        protocol->DocumentComplete(Page("before.html"));
+        protocol->DocumentComplete(Page("category_list.html?id=3"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(host.clickCount, 1);
+        QCOMPARE(host.currentNode->tag, QStringLiteral("3"));
+        QVERIFY(document.changes.isEmpty());
+
+        protocol->DocumentComplete(Page("category_list.html?id=3"));
+        QTRY_COMPARE(filled->size(), 2);
+        QCOMPARE(document.Value(QStringLiteral("caption")), host.currentNode->text);
+        QCOMPARE(history->PopEntry(), Page("before.html"));
+    }
+
+    void testCategoryPageOfTheSelectedNodeIsFilledAtOnce()
+    {
+        host.currentNode = tree->FindByTag(QStringLiteral("1"));
+        protocol->DocumentComplete(Page("category_list.html?id=1"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(host.clickCount, 0);
+        QCOMPARE(document.Value(QStringLiteral("caption")), host.currentNode->text);
+    }
+
+    void testListOfACategoryShowsItsProducts()
+    {
+        host.currentNode = tree->FindByTag(QStringLiteral("2"));
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(protocol->ProductRows().UpperRow(), 12);
+        QCOMPARE(document.Value(QStringLiteral("caption")), host.currentNode->text);
+        QCOMPARE(document.Value(QStringLiteral("list")).count(QLatin1String("<tr id=\"contListRow")),
+                 12);
+    }
+
+    void testListOfSearchResultsKeepsTheRows()
+    {
+        const ResultTable rows = application->GetController().Queries().QueryProduct(
+            QStringLiteral("17"));
+        protocol->SetProductRows(rows);
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id="));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(document.Value(QStringLiteral("caption")),
+                 QStringLiteral("en:productListSearchHeadline"));
+        QCOMPARE(protocol->ProductRows().UpperRow(), 1);
+        QVERIFY(document.Value(QStringLiteral("list")).contains(rows.Text(1, 1)));
+    }
+
+    void testDetailsOfASetReplaceTheRowsByItsMembers()
+    {
+        protocol->DocumentComplete(Page("product_details.html?id=50"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(protocol->ProductRows().UpperRow(), 4);
+        QCOMPARE(document.Value(QStringLiteral("imagesTable")), QStringLiteral("hidden"));
+    }
+
+    void testDetailsOfAProductKeepTheRows()
+    {
+        host.currentNode = tree->FindByTag(QStringLiteral("2"));
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        QTRY_COMPARE(filled->size(), 1);
+        protocol->DocumentComplete(Page("product_details.html?id=17"));
+        QTRY_COMPARE(filled->size(), 2);
+        QCOMPARE(protocol->ProductRows().UpperRow(), 12);
+        QCOMPARE(document.Value(QStringLiteral("imagesTable")), QStringLiteral("visible"));
+    }
+
+    void testOnlyTheLastOfTwoQuickPagesIsFilled()
+    {
+        host.currentNode = tree->FindByTag(QStringLiteral("2"));
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        protocol->DocumentComplete(Page("product_details.html?id=17"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(filled->at(0).at(0).toString(), QStringLiteral("productDetails"));
+        QCOMPARE(document.Value(QStringLiteral("caption")), QString());
+    }
+
+    void testFailedFillPutsThePointerRight()
+    {
+        pointer.SetHourglass();
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("could not be filled")));
+        protocol->DocumentComplete(Page("product_details.html?id=9999"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(QApplication::overrideCursor(), nullptr);
+        QVERIFY(document.changes.isEmpty());
+    }
+
+    void testWelcomePageIsFilledAtOnce()
+    {
+        protocol->DocumentComplete(Page("welcome.html"));
+        QCOMPARE(document.Value(QStringLiteral("text")), QStringLiteral("en:ucWelcomeText"));
+        QCOMPARE(host.statusTexts, QStringList{QString()});
+    }
+
+    void testDocumentShowsAsItIs()
+    {
+        protocol->DocumentComplete(Page("one.html"));
+        pointer.SetHourglass();
+        protocol->DocumentComplete(
+            QStringLiteral("mk:@MSITStore:/a/resources.chm::/Dokumente/info_en_care.html"));
+        QCOMPARE(QApplication::overrideCursor(), nullptr);
+        QVERIFY(document.changes.isEmpty());
+        QVERIFY(history->HasMoreEntries());
+        QCOMPARE(history->PopEntry(), Page("one.html"));
+    }
+
+private:
+    std::unique_ptr<TestApplication> application;
+    std::unique_ptr<HtmlBuilder> builder;
+    std::unique_ptr<CategoryTree> tree;
+    std::unique_ptr<NavigationHistory> history;
+    RecordingDocument document;
+    RecordingHost host;
+    MousePointer pointer;
+    std::unique_ptr<PageProtocol> protocol;
+    std::unique_ptr<QSignalSpy> filled;
+};
+
+QTEST_MAIN(TestPageProtocol)
+#include "test_page_protocol.moc"

@@ -1,0 +1,155 @@
+#include "support/CatalogueWindow.h"
+
+#include "browser/LocalProfile.h"
+#include "browser/WebBrowser.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+#include <QWebEngineView>
+
+#include <optional>
+
+namespace Tesk {
+
+CatalogueWindow::CatalogueWindow(const QString &applicationDirectory, const QString &language)
+    : registry(settingsFolder.filePath(QStringLiteral("settings.json")))
+{
+    registry.RegSetString(SettingsKey, QStringLiteral("Location"), language);
+    controller = std::make_unique<Controller>(applicationDirectory, registry,
+                                              settingsFolder.filePath(QStringLiteral("cache")));
+    QWebEngineProfile *const profile =
+        CreateLocalProfile(applicationDirectory + QLatin1String("/resources.chm"),
+                           applicationDirectory, &profileOwner);
+    window = std::make_unique<frmCatalog>(*controller, profile);
+    window->Load();
+    window->show();
+}
+
+CatalogueWindow::~CatalogueWindow() = default;
+
+QVariant CatalogueWindow::Evaluate(const QString &expression)
+{
+    const auto answer = std::make_shared<std::optional<QVariant>>();
+    window->wbMain->RunScript(expression, [answer](const QVariant &value) { *answer = value; });
+    if (!QTest::qWaitFor([&] { return answer->has_value(); }, WaitLimit))
+        return {};
+    return **answer;
+}
+
+bool CatalogueWindow::WaitFor(const QString &addressPart, const QString &expression)
+{
+    return QTest::qWaitFor(
+        [&] {
+            return window->wbMain->Address().contains(addressPart)
+                   && Evaluate(QStringLiteral("Boolean(%1)").arg(expression)).toBool();
+        },
+        WaitLimit);
+}
+
+bool CatalogueWindow::WaitForFilledPage(const QString &addressPart)
+{
+    return WaitFor(addressPart,
+                   QStringLiteral("['list', 'productDetails'].some(id => {"
+                                  " const e = document.getElementById(id);"
+                                  " return e && e.innerHTML.trim() !== '' })"));
+}
+
+std::optional<QPoint> CatalogueWindow::PlaceOf(const QString &selector)
+{
+    const QString quoted = QString::fromUtf8(QJsonDocument(QJsonArray{selector}).toJson());
+    const QVariantList place =
+        Evaluate(QStringLiteral("(() => { const e = document.querySelector(%1[0]);"
+                                " if (!e) return [];"
+                                " e.scrollIntoView({ block: 'nearest' });"
+                                " const r = e.getBoundingClientRect();"
+                                " return [r.left + r.width / 2, r.top + r.height / 2] })()")
+                     .arg(quoted))
+            .toList();
+    if (place.size() != 2)
+        return std::nullopt;
+    return QPoint(qRound(place[0].toDouble()), qRound(place[1].toDouble()));
+}
+
+bool CatalogueWindow::Click(const QString &selector)
+{
+    const std::optional<QPoint> place = PlaceOf(selector);
+    if (!place)
+        return false;
+    QWidget *const target = window->wbMain->View()->focusProxy();
+    QTest::mouseMove(target, *place);
+    QTest::mouseClick(target, Qt::LeftButton, {}, *place);
+    return true;
+}
+
+bool CatalogueWindow::Hover(const QString &selector)
+{
+    const std::optional<QPoint> place = PlaceOf(selector);
+    if (place)
+        QTest::mouseMove(window->wbMain->View()->focusProxy(), *place);
+    return place.has_value();
+}
+
+void CatalogueWindow::WaitForPaint()
+{
+    Evaluate(QStringLiteral("void(window.teskPainted = false,"
+                            " requestAnimationFrame(() => requestAnimationFrame("
+                            " () => { window.teskPainted = true })))"));
+    const bool isPainted = QTest::qWaitFor(
+        [this] { return Evaluate(QStringLiteral("window.teskPainted")).toBool(); }, WaitLimit);
+    if (!isPainted)
+        qWarning("The page was not painted within %d ms.", WaitLimit);
+}
+
+bool CatalogueWindow::AnswerDialogs(const std::function<void()> &action,
+                                    const std::vector<DialogAnswer> &answers)
+{
+    size_t answered = 0;
+    QPointer<QWidget> last;
+    QTimer poll;
+    poll.setInterval(5);
+    // A dialog runs an event loop of its own, inside of which the next one cannot open yet: so each
+    // is met by a tick of this timer, and the answer only acts and returns.
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+        QWidget *const dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr || dialog == last || answered == answers.size())
+            return;
+        // Keys go to the widget with the focus, which is the page's until the dialog is active.
+        const QWidget *const focus = QApplication::focusWidget();
+        if (focus == nullptr || !dialog->isAncestorOf(focus))
+            return;
+        last = dialog;
+        answers[answered++](dialog);
+    });
+    poll.start();
+    action();
+    return QTest::qWaitFor(
+        [&] {
+            return answered == answers.size() && QApplication::activeModalWidget() == nullptr;
+        },
+        WaitLimit);
+}
+
+bool CopyApplicationDirectory(const QString &source, const QString &target)
+{
+    QDirIterator files(source, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString file = files.next();
+        const QString relative = QDir(source).relativeFilePath(file);
+        if (relative == QLatin1String("tesk-catalog"))
+            continue;
+        const QString copy = target + u'/' + relative;
+        QDir().mkpath(QFileInfo(copy).path());
+        if (!QFile::copy(file, copy))
+            return false;
+    }
+    return true;
+}
+
+} // namespace Tesk

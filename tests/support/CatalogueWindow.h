@@ -1,0 +1,69 @@
+#pragma once
+
+#include "core/Controller.h"
+#include "core/Registry.h"
+#include "ui/main/frmCatalog.h"
+
+#include <QObject>
+#include <QTemporaryDir>
+#include <QVariant>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace Tesk {
+
+/// The real window on an application directory, with settings and cache of its own, driven as a
+/// person would drive it. Every wait is for a condition and ends after `WaitLimit`.
+class CatalogueWindow final
+{
+public:
+    static constexpr int WaitLimit = 20000; // milliseconds
+
+    /// Starts the program in the language of this name ("German" … "Italian") and shows the window.
+    explicit CatalogueWindow(const QString &applicationDirectory,
+                             const QString &language = QStringLiteral("English"));
+    ~CatalogueWindow();
+
+    frmCatalog &Window() { return *window; }
+    Controller &GetController() { return *controller; }
+    Registry &GetRegistry() { return registry; }
+
+    /// The value of a script expression on the page shown.
+    QVariant Evaluate(const QString &expression);
+    /// Whether the expression becomes true on a page whose address contains `addressPart`.
+    bool WaitFor(const QString &addressPart, const QString &expression);
+    /// Whether the list page, details page … with this in its address becomes filled.
+    bool WaitForFilledPage(const QString &addressPart);
+
+    /// Clicks the middle of the first element that matches, with the mouse. False without one.
+    bool Click(const QString &selector);
+
+    /// Moves the mouse to the middle of the first element that matches. False without one.
+    bool Hover(const QString &selector);
+    /// Waits until the page has drawn its present state.
+    void WaitForPaint();
+
+    using DialogAnswer = std::function<void(QWidget *dialog)>;
+
+    /// Runs `action` and gives each modal dialog that opens then, one after the other, to the next
+    /// of the answers, which must close it. False when a dialog stays out or stays open.
+    static bool AnswerDialogs(const std::function<void()> &action,
+                              const std::vector<DialogAnswer> &answers);
+
+private:
+    std::optional<QPoint> PlaceOf(const QString &selector);
+
+    QTemporaryDir settingsFolder;
+    Registry registry;
+    std::unique_ptr<Controller> controller;
+    QObject profileOwner;
+    std::unique_ptr<frmCatalog> window;
+};
+
+/// A copy of the application directory `source` at `target`, its executable left out.
+bool CopyApplicationDirectory(const QString &source, const QString &target);
+
+} // namespace Tesk
