@@ -19,8 +19,8 @@ namespace {
 /// Where version 2 databases that were opened once are kept.
 QString CacheFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation)
-           + QLatin1String("/tesk-catalog");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+           QLatin1String("/tesk-catalog");
 }
 
 void ShowStartupError(const QString &message)

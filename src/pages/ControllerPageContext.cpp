@@ -33,14 +33,8 @@ public:
     {}
 
     QString GetText(const QString &key) const override { return controller.GetText(key); }
-    QString GetContentBaseUrl() const override
-    {
-        return InPage(controller.GetContentBaseUrl());
-    }
-    QString GetResourceBaseUrl() const override
-    {
-        return InPage(controller.GetResourceBaseUrl());
-    }
+    QString GetContentBaseUrl() const override { return InPage(controller.GetContentBaseUrl()); }
+    QString GetResourceBaseUrl() const override { return InPage(controller.GetResourceBaseUrl()); }
     QString GetSizeColumn() const override { return controller.GetSizeColumn(); }
     bool HasPriceList() const override { return controller.HasPriceList(); }
     QString GetPrice(const QString &artNr) const override { return controller.GetPrice(artNr); }

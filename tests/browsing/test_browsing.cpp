@@ -129,8 +129,8 @@ private Q_SLOTS:
         const CategoryNode *const leaf = FindLongLeaf(catalogue);
         QVERIFY(leaf != nullptr);
         ClickInTree(catalogue, leaf);
-        QVERIFY(catalogue.WaitForFilledPage(
-            QStringLiteral("product_list.html?firstItem=1&id=") + leaf->tag));
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html?firstItem=1&id=") +
+                                            leaf->tag));
         QCOMPARE(RowCount(catalogue), 20);
         QVERIFY(catalogue.Evaluate(QStringLiteral("!!document.getElementById('contListRow1')"))
                     .toBool());
@@ -161,15 +161,16 @@ private Q_SLOTS:
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("firstItem=1&")));
         const ResultTable rows = catalogue.Window().Protocol().ProductRows();
         QVERIFY(catalogue.Click(QStringLiteral("#contListRow2 td:nth-child(2)")));
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_details.html?id=")
-                                            + rows.Text(2, 0)));
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_details.html?id=") +
+                                            rows.Text(2, 0)));
         QCOMPARE(InnerText(catalogue, QStringLiteral("productTitle")).trimmed(),
                  GetField(QStringLiteral("l.name"), rows, 2));
         QVERIFY(InnerText(catalogue, QStringLiteral("productDetails"))
                     .contains(GetField(QStringLiteral("p.artNr"), rows, 2)));
-        QVERIFY(catalogue.WaitFor(QStringLiteral("product_details"),
-                                  QStringLiteral("[...document.querySelectorAll('#productImages img')]"
-                                                 ".every(i => i.complete && i.naturalWidth > 0)")));
+        QVERIFY(
+            catalogue.WaitFor(QStringLiteral("product_details"),
+                              QStringLiteral("[...document.querySelectorAll('#productImages img')]"
+                                             ".every(i => i.complete && i.naturalWidth > 0)")));
     }
 
     void testDetailsOfASetListItsMembers()
@@ -183,14 +184,15 @@ private Q_SLOTS:
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
         const ResultTable rows = catalogue.Window().Protocol().ProductRows();
         const int set = FirstSet(rows);
-        QVERIFY(catalogue.Click(QStringLiteral("a[href='product_details.html?id=%1']")
-                                    .arg(rows.Text(set, 0))));
+        QVERIFY(catalogue.Click(
+            QStringLiteral("a[href='product_details.html?id=%1']").arg(rows.Text(set, 0))));
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_details.html")));
-        QTRY_COMPARE(catalogue.Window().Protocol().ProductRows().UpperRow(),
-                     catalogue.GetController().Queries().QuerySetMembers(rows.Text(set, 0)).UpperRow());
+        QTRY_COMPARE(
+            catalogue.Window().Protocol().ProductRows().UpperRow(),
+            catalogue.GetController().Queries().QuerySetMembers(rows.Text(set, 0)).UpperRow());
         QTRY_COMPARE(RowCount(catalogue), catalogue.Window().Protocol().ProductRows().UpperRow());
-        QCOMPARE(catalogue.Evaluate(QStringLiteral(
-                     "document.getElementById('imagesTable').style.visibility")),
+        QCOMPARE(catalogue.Evaluate(
+                     QStringLiteral("document.getElementById('imagesTable').style.visibility")),
                  QVariant(QStringLiteral("hidden")));
     }
 
@@ -251,8 +253,8 @@ private Q_SLOTS:
         const auto highlight = [&] {
             QString marks;
             for (size_t i = 0; i < 5; ++i)
-                marks += QString::number(catalogue.Window().header->btnLang[i]->isChecked())
-                         + QString::number(catalogue.Window().menus->mLanguageSelect[i]->isChecked());
+                marks += QString::number(catalogue.Window().header->btnLang[i]->isChecked()) +
+                         QString::number(catalogue.Window().menus->mLanguageSelect[i]->isChecked());
             return marks;
         };
         QCOMPARE(highlight(), QStringLiteral("0011000000"));
@@ -313,8 +315,8 @@ private Q_SLOTS:
         for (int round = 0; round < 2; ++round) {
             QVERIFY(CatalogueWindow::AnswerDialogs(
                 [&] {
-                    QVERIFY(catalogue.Click(
-                        QStringLiteral("#contListRow3 a[href*='setStatusbar']")));
+                    QVERIFY(
+                        catalogue.Click(QStringLiteral("#contListRow3 a[href*='setStatusbar']")));
                 },
                 {[&](QWidget *dialog) {
                      QVERIFY(qobject_cast<frmShoppingCartAmount *>(dialog) != nullptr);
@@ -375,11 +377,16 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("language");
         QTest::addColumn<QString>("code");
-        QTest::newRow("German") << "German" << "ge";
-        QTest::newRow("English") << "English" << "en";
-        QTest::newRow("French") << "French" << "fr";
-        QTest::newRow("Spanish") << "Spanish" << "sp";
-        QTest::newRow("Italian") << "Italian" << "it";
+        QTest::newRow("German") << "German"
+                                << "ge";
+        QTest::newRow("English") << "English"
+                                 << "en";
+        QTest::newRow("French") << "French"
+                                << "fr";
+        QTest::newRow("Spanish") << "Spanish"
+                                 << "sp";
+        QTest::newRow("Italian") << "Italian"
+                                 << "it";
     }
 
     void testAllLanguagesFillEveryPage()
@@ -410,7 +417,8 @@ private Q_SLOTS:
         const QString path = folder.filePath(QStringLiteral("Lenas' Katalog für 100% #1"));
         QVERIFY(CopyApplicationDirectory(SampleCatalogue, path));
         CatalogueWindow catalogue(path);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("Lenas' Katalog für 100% #1/content/welcome.html")));
+        QVERIFY(catalogue.WaitForFilledPage(
+            QStringLiteral("Lenas' Katalog für 100% #1/content/welcome.html")));
         const CategoryNode *const leaf = FindLongLeaf(catalogue);
         ClickInTree(catalogue, leaf);
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
@@ -444,14 +452,15 @@ private Q_SLOTS:
     {
         CatalogueWindow catalogue(SampleCatalogue);
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        catalogue.GetController().Prices().LoadPriceList(SampleCatalogue
-                                                         + QLatin1String("/price_list.txt"));
+        catalogue.GetController().Prices().LoadPriceList(SampleCatalogue +
+                                                         QLatin1String("/price_list.txt"));
         ClickInTree(catalogue, FindLongLeaf(catalogue));
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
         const ResultTable rows = catalogue.Window().Protocol().ProductRows();
         QVERIFY(catalogue.Click(QStringLiteral("#contListRow1 a.prodItem")));
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_details.html")));
-        QVERIFY(InnerText(catalogue, QStringLiteral("productDetails")).contains(QLatin1String("EUR")));
+        QVERIFY(
+            InnerText(catalogue, QStringLiteral("productDetails")).contains(QLatin1String("EUR")));
     }
 
     void testClosingWithNoKeepsTheWindowOpen()
@@ -459,17 +468,19 @@ private Q_SLOTS:
         CatalogueWindow catalogue(SampleCatalogue);
         QString question;
         const auto close = [&] { catalogue.Window().close(); };
-        QVERIFY(CatalogueWindow::AnswerDialogs(
-            close, {[&](QWidget *box) {
-                question = qobject_cast<QMessageBox *>(box)->text();
-                QTest::mouseClick(Button(box, QMessageBox::No), Qt::LeftButton);
-            }}));
+        QVERIFY(CatalogueWindow::AnswerDialogs(close, {[&](QWidget *box) {
+                                                   question =
+                                                       qobject_cast<QMessageBox *>(box)->text();
+                                                   QTest::mouseClick(Button(box, QMessageBox::No),
+                                                                     Qt::LeftButton);
+                                               }}));
         QVERIFY(catalogue.Window().isVisible());
         QVERIFY(!question.isEmpty());
         QVERIFY(!question.contains(QLatin1String("{nl}")));
         QVERIFY(CatalogueWindow::AnswerDialogs(close, {[&](QWidget *box) {
-            QTest::mouseClick(Button(box, QMessageBox::Yes), Qt::LeftButton);
-        }}));
+                                                   QTest::mouseClick(Button(box, QMessageBox::Yes),
+                                                                     Qt::LeftButton);
+                                               }}));
         QVERIFY(!catalogue.Window().isVisible());
     }
 

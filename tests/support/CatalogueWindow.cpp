@@ -18,6 +18,12 @@
 
 namespace Tesk {
 
+namespace {
+
+constexpr int PollLimit = 300; // milliseconds
+
+} // namespace
+
 CatalogueWindow::CatalogueWindow(const QString &applicationDirectory, const QString &language)
     : registry(settingsFolder.filePath(QStringLiteral("settings.json")))
 {
@@ -36,9 +42,16 @@ CatalogueWindow::~CatalogueWindow() = default;
 
 QVariant CatalogueWindow::Evaluate(const QString &expression)
 {
+    return Evaluate(expression, WaitLimit);
+}
+
+// A page that is just being left takes its answer along, so a question asked again and again must
+// not wait long for any one answer.
+QVariant CatalogueWindow::Evaluate(const QString &expression, int limit)
+{
     const auto answer = std::make_shared<std::optional<QVariant>>();
     window->wbMain->RunScript(expression, [answer](const QVariant &value) { *answer = value; });
-    if (!QTest::qWaitFor([&] { return answer->has_value(); }, WaitLimit))
+    if (!QTest::qWaitFor([&] { return answer->has_value(); }, limit))
         return {};
     return **answer;
 }
@@ -47,18 +60,17 @@ bool CatalogueWindow::WaitFor(const QString &addressPart, const QString &express
 {
     return QTest::qWaitFor(
         [&] {
-            return window->wbMain->Address().contains(addressPart)
-                   && Evaluate(QStringLiteral("Boolean(%1)").arg(expression)).toBool();
+            return window->wbMain->Address().contains(addressPart) &&
+                   Evaluate(QStringLiteral("Boolean(%1)").arg(expression), PollLimit).toBool();
         },
         WaitLimit);
 }
 
 bool CatalogueWindow::WaitForFilledPage(const QString &addressPart)
 {
-    return WaitFor(addressPart,
-                   QStringLiteral("['list', 'productDetails'].some(id => {"
-                                  " const e = document.getElementById(id);"
-                                  " return e && e.innerHTML.trim() !== '' })"));
+    return WaitFor(addressPart, QStringLiteral("['list', 'productDetails'].some(id => {"
+                                               " const e = document.getElementById(id);"
+                                               " return e && e.innerHTML.trim() !== '' })"));
 }
 
 std::optional<QPoint> CatalogueWindow::PlaceOf(const QString &selector)
@@ -130,9 +142,7 @@ bool CatalogueWindow::AnswerDialogs(const std::function<void()> &action,
     poll.start();
     action();
     return QTest::qWaitFor(
-        [&] {
-            return answered == answers.size() && QApplication::activeModalWidget() == nullptr;
-        },
+        [&] { return answered == answers.size() && QApplication::activeModalWidget() == nullptr; },
         WaitLimit);
 }
 

@@ -54,6 +54,7 @@ public:
                               const std::vector<DialogAnswer> &answers);
 
 private:
+    QVariant Evaluate(const QString &expression, int limit);
     std::optional<QPoint> PlaceOf(const QString &selector);
 
     QTemporaryDir settingsFolder;

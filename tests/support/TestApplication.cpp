@@ -21,7 +21,8 @@ TestApplication::TestApplication(const QString &databaseFile)
         WriteFile(QStringLiteral("content/loc_%1.txt").arg(code), lines);
     }
     registry.RegSetString(SettingsKey, QStringLiteral("Location"), QStringLiteral("English"));
-    controller = std::make_unique<Controller>(folder.path(), registry, Path(QStringLiteral("cache")));
+    controller =
+        std::make_unique<Controller>(folder.path(), registry, Path(QStringLiteral("cache")));
     controller->InitApplication();
 }
 

@@ -29,8 +29,8 @@ Tour::Tour(const QString &applicationDirectory, const QString &pictureFolder, QS
     : catalogue(applicationDirectory)
     , pictureFolder(pictureFolder)
 {
-    catalogue.GetController().Prices().LoadPriceList(applicationDirectory
-                                                     + QLatin1String("/price_list.txt"));
+    catalogue.GetController().Prices().LoadPriceList(applicationDirectory +
+                                                     QLatin1String("/price_list.txt"));
     catalogue.Window().resize(windowSize);
 }
 
@@ -52,7 +52,8 @@ QStringList Tour::Take()
 
 void Tour::Welcome()
 {
-    Check(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")), QStringLiteral("welcome page"));
+    Check(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")),
+          QStringLiteral("welcome page"));
     Check(Shows(QStringLiteral("list"), QStringLiteral("Dissecting scissors")),
           QStringLiteral("the welcome page lists the sub-categories"));
     SavePicture(QStringLiteral("welcome"));
@@ -84,15 +85,16 @@ void Tour::ProductList()
     Check(node != nullptr, QStringLiteral("there are dissecting scissors"));
     if (node == nullptr)
         return;
-    Check(catalogue.Click(QStringLiteral("#list a[href$='category_list.html?id=%1']").arg(node->tag)),
-          QStringLiteral("the category page links to the dissecting scissors"));
-    Check(catalogue.WaitForFilledPage(QStringLiteral("product_list.html?firstItem=1&id=") + node->tag),
+    Check(
+        catalogue.Click(QStringLiteral("#list a[href$='category_list.html?id=%1']").arg(node->tag)),
+        QStringLiteral("the category page links to the dissecting scissors"));
+    Check(catalogue.WaitForFilledPage(QStringLiteral("product_list.html?firstItem=1&id=") +
+                                      node->tag),
           QStringLiteral("product list"));
     Check(catalogue.Window().Protocol().ProductRows().UpperRow() > 60,
           QStringLiteral("the list has several pages"));
     Check(catalogue.Evaluate(QStringLiteral("document.querySelectorAll('tr.contListRow').length"))
-                  .toInt()
-              == ProductsOnAPage,
+                  .toInt() == ProductsOnAPage,
           QStringLiteral("a full page of products"));
     Check(Shows(QStringLiteral("list"), QStringLiteral("Article no.")), QStringLiteral("captions"));
     SavePicture(QStringLiteral("product-list"));
@@ -107,8 +109,10 @@ void Tour::ProductList()
 
 void Tour::SecondPage()
 {
-    Check(catalogue.Click(QStringLiteral("a[href*='firstItem=21&']")), QStringLiteral("pager link"));
-    Check(catalogue.WaitForFilledPage(QStringLiteral("firstItem=21&")), QStringLiteral("second page"));
+    Check(catalogue.Click(QStringLiteral("a[href*='firstItem=21&']")),
+          QStringLiteral("pager link"));
+    Check(catalogue.WaitForFilledPage(QStringLiteral("firstItem=21&")),
+          QStringLiteral("second page"));
     Check(catalogue.Evaluate(QStringLiteral("!!document.getElementById('contListRow21')")).toBool(),
           QStringLiteral("the second page begins with row 21"));
     SavePicture(QStringLiteral("second-page"));
@@ -163,16 +167,19 @@ void Tour::DataSheet()
         if (!catalogue.GetController().HasPdfDocument(
                 GetField(QStringLiteral("p.artNr"), rows, row)))
             continue;
-        catalogue.Window().wbMain->Navigate(catalogue.GetController().GetContentBaseUrl()
-                                            + QLatin1String("/content/product_details.html?id=")
-                                            + rows.Text(row, 0));
-        Check(catalogue.WaitForFilledPage(QStringLiteral("product_details.html?id=")
-                                          + rows.Text(row, 0)),
+        catalogue.Window().wbMain->Navigate(catalogue.GetController().GetContentBaseUrl() +
+                                            QLatin1String("/content/product_details.html?id=") +
+                                            rows.Text(row, 0));
+        Check(catalogue.WaitForFilledPage(QStringLiteral("product_details.html?id=") +
+                                          rows.Text(row, 0)),
               QStringLiteral("details of a product with a data sheet"));
         SavePicture(QStringLiteral("details-with-data-sheet"));
-        Check(catalogue.Click(QStringLiteral("a[href$='.pdf']")), QStringLiteral("data sheet link"));
+        Check(catalogue.Click(QStringLiteral("a[href$='.pdf']")),
+              QStringLiteral("data sheet link"));
         Check(QTest::qWaitFor(
-                  [this] { return catalogue.Window().wbMain->Address().endsWith(QLatin1String(".pdf")); },
+                  [this] {
+                      return catalogue.Window().wbMain->Address().endsWith(QLatin1String(".pdf"));
+                  },
                   CatalogueWindow::WaitLimit),
               QStringLiteral("the data sheet opens"));
         SavePicture(QStringLiteral("data-sheet"));
@@ -186,8 +193,10 @@ void Tour::Set()
     SelectCategory({QStringLiteral("Sets"), QStringLiteral("Basic sets")});
     Check(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")), QStringLiteral("sets"));
     SavePicture(QStringLiteral("sets"));
-    Check(catalogue.Click(QStringLiteral("#contListRow1 td:nth-child(2)")), QStringLiteral("set row"));
-    Check(catalogue.WaitForFilledPage(QStringLiteral("product_details.html")), QStringLiteral("set"));
+    Check(catalogue.Click(QStringLiteral("#contListRow1 td:nth-child(2)")),
+          QStringLiteral("set row"));
+    Check(catalogue.WaitForFilledPage(QStringLiteral("product_details.html")),
+          QStringLiteral("set"));
     Check(Shows(QStringLiteral("list"), QStringLiteral(" St.")),
           QStringLiteral("the set's members have amounts"));
     SavePicture(QStringLiteral("set"));
@@ -198,8 +207,9 @@ void Tour::Inch()
     QComboBox *const units = catalogue.Window().header->cbUnitSelection;
     units->setFocus();
     QTest::keyClick(units, Qt::Key_Down);
-    Check(catalogue.WaitFor(QStringLiteral("product_details"),
-                            QStringLiteral("/\\d\"/.test(document.getElementById('list').innerText)")),
+    Check(catalogue.WaitFor(
+              QStringLiteral("product_details"),
+              QStringLiteral("/\\d\"/.test(document.getElementById('list').innerText)")),
           QStringLiteral("lengths in inches"));
     SavePicture(QStringLiteral("inch"));
     QTest::keyClick(units, Qt::Key_Up);
@@ -217,8 +227,8 @@ void Tour::OtherLanguages()
         Check(QTest::qWaitFor([&] { return Shows(QStringLiteral("caption"), title); },
                               CatalogueWindow::WaitLimit),
               QStringLiteral("the list in the language ") + codes[index]);
-        Check(Shows(QStringLiteral("list"), catalogue.GetController().GetText(
-                                                QStringLiteral("productListCaptionNr"))),
+        Check(Shows(QStringLiteral("list"),
+                    catalogue.GetController().GetText(QStringLiteral("productListCaptionNr"))),
               QStringLiteral("the captions in the language ") + codes[index]);
         SavePicture(QStringLiteral("product-list-") + codes[index]);
     }

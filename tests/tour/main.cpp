@@ -23,11 +23,13 @@ int main(int argc, char **argv)
     Tesk::CatalogApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 3) {
-        std::fprintf(stderr, "usage: tesk-tour APPLICATION_DIRECTORY PICTURE_FOLDER [WIDTHxHEIGHT]\n");
+        std::fprintf(stderr,
+                     "usage: tesk-tour APPLICATION_DIRECTORY PICTURE_FOLDER [WIDTHxHEIGHT]\n");
         return 2;
     }
     try {
-        Tesk::Tour tour(QDir(arguments[1]).absolutePath(), arguments[2], ParseSize(arguments.value(3)));
+        Tesk::Tour tour(QDir(arguments[1]).absolutePath(), arguments[2],
+                        ParseSize(arguments.value(3)));
         const QStringList failures = tour.Take();
         for (const QString &failure : failures)
             std::fprintf(stderr, "WRONG: %s\n", qPrintable(failure));

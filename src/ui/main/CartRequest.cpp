@@ -13,8 +13,7 @@ CartRequest::CartRequest(Controller &controller, QWidget *owner)
     : QObject(owner)
     , controller(controller)
     , owner(owner)
-{
-}
+{}
 
 void CartRequest::StatusTextChange(const QString &text)
 {
@@ -36,11 +35,10 @@ void CartRequest::AskAndAdd(const QString &id)
         return;
     const qint16 amount = dialog.Amount();
     controller.AddProductToCart(ToInt16(id), amount, QString());
-    const QString message =
-        amount == 1
-            ? controller.GetText(QStringLiteral("ucShoppingCartAddSuccess1"))
-            : controller.GetText(QStringLiteral("ucShoppingCartAddSuccess2"))
-                  .replace(QLatin1String("{0}"), QString::number(amount));
+    const QString message = amount == 1
+                                ? controller.GetText(QStringLiteral("ucShoppingCartAddSuccess1"))
+                                : controller.GetText(QStringLiteral("ucShoppingCartAddSuccess2"))
+                                      .replace(QLatin1String("{0}"), QString::number(amount));
     QMessageBox box(QMessageBox::Information, QString(), message, QMessageBox::Ok, owner);
     box.exec();
 }

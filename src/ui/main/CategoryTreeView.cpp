@@ -39,11 +39,11 @@ void CategoryTreeView::Show(const CategoryTree &tree)
         QTreeWidgetItem *&item = items[node.get()];
         if (item == nullptr) {
             QTreeWidgetItem *const parentItem = items.value(node->parent);
-            item = parentItem != nullptr ? new QTreeWidgetItem(parentItem)
-                                         : new QTreeWidgetItem(this);
-            item->setData(0, NodeRole,
-                          QVariant::fromValue(
-                              const_cast<void *>(static_cast<const void *>(node.get()))));
+            item =
+                parentItem != nullptr ? new QTreeWidgetItem(parentItem) : new QTreeWidgetItem(this);
+            item->setData(
+                0, NodeRole,
+                QVariant::fromValue(const_cast<void *>(static_cast<const void *>(node.get()))));
             if (node->parent == nullptr)
                 item->setExpanded(true);
         }

@@ -111,14 +111,14 @@ void HeaderBand::ApplyGuiTexts(const LanguageSupport &languages, int unit)
     for (size_t i = 0; i < btnLang.size(); ++i)
         btnLang[i]->setText(languages.GetText(QStringLiteral("mLanguageSelect%1").arg(i)));
     for (int i = 0; i < cbUnitSelection->count(); ++i)
-        cbUnitSelection->setItemText(
-            i, languages.GetText(QStringLiteral("unitSelection%1").arg(i)));
+        cbUnitSelection->setItemText(i,
+                                     languages.GetText(QStringLiteral("unitSelection%1").arg(i)));
     cbUnitSelection->setCurrentIndex(unit == 0 ? 0 : 1);
 
     btnFastSearch->setText(languages.GetText(QStringLiteral("fastSearchSubmit")));
     for (int i = 0; i < cbFastSearchType->count(); ++i)
-        cbFastSearchType->setItemText(
-            i, languages.GetText(QStringLiteral("fastSearchType%1").arg(i)));
+        cbFastSearchType->setItemText(i,
+                                      languages.GetText(QStringLiteral("fastSearchType%1").arg(i)));
     cbFastSearchType->setCurrentIndex(0);
 
     const QString searchName = languages.GetText(QStringLiteral("searchHeadline"));

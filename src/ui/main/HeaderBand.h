@@ -24,7 +24,8 @@ public:
 
     explicit HeaderBand(QWidget *parent = nullptr);
 
-    /// Captions in the current language; the unit list shows `unit`, the search type its first entry.
+    /// Captions in the current language; the unit list shows `unit`, the search type its first
+    /// entry.
     void ApplyGuiTexts(const LanguageSupport &languages, int unit);
     /// Gives language `index` (0 to 4) the back colour of the current one.
     void MarkCurrentLanguage(int index);

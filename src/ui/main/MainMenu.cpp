@@ -42,8 +42,7 @@ void MainMenu::ApplyGuiTexts(const LanguageSupport &languages)
     mExit->setText(text("mExit"));
     mLanguage->setTitle(text("mLanguage"));
     for (size_t i = 0; i < mLanguageSelect.size(); ++i)
-        mLanguageSelect[i]->setText(
-            languages.GetText(QStringLiteral("mLanguageSelect%1").arg(i)));
+        mLanguageSelect[i]->setText(languages.GetText(QStringLiteral("mLanguageSelect%1").arg(i)));
     mExtra->setTitle(text("mExtra"));
     mSettings->setText(text("mSettings"));
     mContact->setText(text("mContact"));

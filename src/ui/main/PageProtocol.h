@@ -41,7 +41,8 @@ public:
 
     explicit PageProtocol(const Parts &parts, QObject *parent = nullptr);
 
-    /// The address of the last completed page; the window sets the address that it is about to open.
+    /// The address of the last completed page; the window sets the address that it is about to
+    /// open.
     const QString &CurrentUrl() const { return currentUrl; }
     void SetCurrentUrl(const QString &address) { currentUrl = address; }
 

@@ -1,7 +1,7 @@
 #include "ui/main/frmCatalog.h"
 
-#include "base/Errors.h"
 #include "base/CodePage.h"
+#include "base/Errors.h"
 #include "browser/WebBrowser.h"
 #include "core/Controller.h"
 #include "core/FileDialog.h"
@@ -109,8 +109,7 @@ QWidget *frmCatalog::BuildCategoriesTab()
 
 void frmCatalog::ConnectControls()
 {
-    connect(wbMain, &WebBrowser::DocumentComplete, protocol.get(),
-            &PageProtocol::DocumentComplete);
+    connect(wbMain, &WebBrowser::DocumentComplete, protocol.get(), &PageProtocol::DocumentComplete);
     connect(wbMain, &WebBrowser::StatusTextChange, cartRequest, &CartRequest::StatusTextChange);
     connect(TreeViewCategories, &CategoryTreeView::NodeClick, this,
             &frmCatalog::TreeViewCategories_NodeClick);
@@ -208,8 +207,8 @@ void frmCatalog::TreeViewCategories_NodeClick(const CategoryNode *node)
 
 void frmCatalog::SetStatusText(const QString &text)
 {
-    statusBar()->showMessage(
-        text.isEmpty() ? controller.GetText(QStringLiteral("defaultStatusBar")) : text);
+    statusBar()->showMessage(text.isEmpty() ? controller.GetText(QStringLiteral("defaultStatusBar"))
+                                            : text);
 }
 
 void frmCatalog::SelectTab(Tab tab)

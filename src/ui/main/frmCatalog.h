@@ -1,7 +1,7 @@
 #pragma once
 
-#include "pages/HtmlBuilder.h"
 #include "core/CategoryTree.h"
+#include "pages/HtmlBuilder.h"
 #include "ui/main/MousePointer.h"
 #include "ui/main/PageHost.h"
 #include "ui/main/history/NavigationHistory.h"

@@ -12,7 +12,8 @@ ResultTable Categories(const QString &suffix)
 {
     ResultTable table({QStringLiteral("ID"), QStringLiteral("TREE_ID"), QStringLiteral("parent"),
                        QStringLiteral("title")});
-    const auto add = [&](const char *id, const char *treeId, const char *parent, const char *title) {
+    const auto add = [&](const char *id, const char *treeId, const char *parent,
+                         const char *title) {
         table.AddRow({QLatin1String(id), QLatin1String(treeId), QLatin1String(parent),
                       QLatin1String(title) + suffix});
     };

@@ -12,8 +12,8 @@ class TestPageAddress final : public QObject
 private Q_SLOTS:
     void testIdIsBehindLastEquals()
     {
-        QCOMPARE(PageAddress::Id(QStringLiteral(
-                     "file:///a/content/product_list.html?firstItem=21&id=17")),
+        QCOMPARE(PageAddress::Id(
+                     QStringLiteral("file:///a/content/product_list.html?firstItem=21&id=17")),
                  QStringLiteral("17"));
     }
 
@@ -31,8 +31,8 @@ private Q_SLOTS:
 
     void testFirstItemStandsBetweenFirstEqualsAndAmpersand()
     {
-        QCOMPARE(PageAddress::FirstItem(QStringLiteral(
-                     "file:///a/content/product_list.html?firstItem=41&id=7")),
+        QCOMPARE(PageAddress::FirstItem(
+                     QStringLiteral("file:///a/content/product_list.html?firstItem=41&id=7")),
                  qint16(41));
     }
 
@@ -60,15 +60,18 @@ private Q_SLOTS:
 
     void testContainerDocumentChangesItsLanguage()
     {
-        QCOMPARE(PageAddress::InLanguage(
-                     QStringLiteral("mk:@MSITStore:/opt/a_b/resources.chm::/Dokumente/info_ge_care.html"),
-                     QStringLiteral("en")),
-                 QStringLiteral("mk:@MSITStore:/opt/a_b/resources.chm::/Dokumente/info_en_care.html"));
+        QCOMPARE(
+            PageAddress::InLanguage(
+                QStringLiteral(
+                    "mk:@MSITStore:/opt/a_b/resources.chm::/Dokumente/info_ge_care.html"),
+                QStringLiteral("en")),
+            QStringLiteral("mk:@MSITStore:/opt/a_b/resources.chm::/Dokumente/info_en_care.html"));
     }
 
     void testDocumentWithoutUnderscoreStays()
     {
-        const QString address = QStringLiteral("mk:@MSITStore:/a/resources.chm::/Dokumente/note.html");
+        const QString address =
+            QStringLiteral("mk:@MSITStore:/a/resources.chm::/Dokumente/note.html");
         QCOMPARE(PageAddress::InLanguage(address, QStringLiteral("en")), address);
     }
 

@@ -53,9 +53,8 @@ private Q_SLOTS:
         history = std::make_unique<NavigationHistory>();
         document = RecordingDocument();
         host = RecordingHost();
-        protocol = std::make_unique<PageProtocol>(
-            PageProtocol::Parts{application->GetController(), *builder, *tree, *history, document,
-                                host, pointer});
+        protocol = std::make_unique<PageProtocol>(PageProtocol::Parts{
+            application->GetController(), *builder, *tree, *history, document, host, pointer});
         filled = std::make_unique<QSignalSpy>(protocol.get(), &PageProtocol::PageFilled);
     }
 
@@ -103,14 +102,15 @@ private Q_SLOTS:
         QTRY_COMPARE(filled->size(), 1);
         QCOMPARE(protocol->ProductRows().UpperRow(), 12);
         QCOMPARE(document.Value(QStringLiteral("caption")), host.currentNode->text);
-        QCOMPARE(document.Value(QStringLiteral("list")).count(QLatin1String("<tr id=\"contListRow")),
-                 12);
+        QCOMPARE(
+            document.Value(QStringLiteral("list")).count(QLatin1String("<tr id=\"contListRow")),
+            12);
     }
 
     void testListOfSearchResultsKeepsTheRows()
     {
-        const ResultTable rows = application->GetController().Queries().QueryProduct(
-            QStringLiteral("17"));
+        const ResultTable rows =
+            application->GetController().Queries().QueryProduct(QStringLiteral("17"));
         protocol->SetProductRows(rows);
         protocol->DocumentComplete(Page("product_list.html?firstItem=1&id="));
         QTRY_COMPARE(filled->size(), 1);
