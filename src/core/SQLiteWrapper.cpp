@@ -74,16 +74,19 @@ SQLiteWrapper::SQLiteWrapper(const QString &cacheFolder)
 
 SQLiteWrapper::~SQLiteWrapper() = default;
 
-bool SQLiteWrapper::Open(const QString &fileName)
+bool SQLiteWrapper::Open(const QString &fileName, QString *errorText)
 {
     Close();
+    QString error;
     try {
         d->Open(fileName);
-    } catch (const std::exception &error) {
-        qCWarning(Database::log).noquote()
-            << QStringLiteral("The catalogue %1 cannot be opened: %2.")
-                   .arg(QDir::toNativeSeparators(fileName), QString::fromUtf8(error.what()));
+    } catch (const std::exception &failure) {
+        error = QStringLiteral("The catalogue %1 cannot be opened: %2.")
+                    .arg(QDir::toNativeSeparators(fileName), QString::fromUtf8(failure.what()));
+        qCWarning(Database::log).noquote() << error;
     }
+    if (errorText)
+        *errorText = error;
     return IsOpen();
 }
 

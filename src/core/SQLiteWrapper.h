@@ -14,16 +14,17 @@ namespace Tesk {
 class SQLiteWrapper
 {
 public:
-    /// `cacheFolder` is where opened version 2 files are kept; made when it is missing.
+    /// `cacheFolder` is where opened version 2 files are kept; made when it is missing. With an
+    /// empty name they are kept in memory only.
     explicit SQLiteWrapper(const QString &cacheFolder);
     ~SQLiteWrapper();
 
     SQLiteWrapper(const SQLiteWrapper &) = delete;
     SQLiteWrapper &operator=(const SQLiteWrapper &) = delete;
 
-    /// Opens the file. On failure the reason goes to the logging category "tesk.database", the
-    /// result is false and every query yields no rows.
-    bool Open(const QString &fileName);
+    /// Opens the file. On failure the reason goes to the logging category "tesk.database" and into
+    /// `errorText`, the result is false and every query yields no rows.
+    bool Open(const QString &fileName, QString *errorText = nullptr);
     void Close();
     bool IsOpen() const;
 
