@@ -25,15 +25,14 @@ struct IndexDefinition
 const std::vector<IndexDefinition> &Definitions()
 {
     // The name stands in the index of the localized texts so that a search by words reads nothing
-    // but one language's part of the index. The many rows of a key in the reference numbers make
-    // the planner read their table once instead of asking it for every product.
+    // but one language's part of the index.
     static const std::vector<IndexDefinition> definitions{
         {"products_global", {"ID"}, 1, true},
         {"products_global", {"length"}, 200, true},
         {"products_localized", {"lang", "ID", "name"}, 0, false},
         {"products2categories", {"catID"}, 20, true},
         {"products2sets", {"iSetID"}, 10, true},
-        {"reference_numbers", {"ID"}, 20, false},
+        {"reference_numbers", {"ID"}, 2, false},
     };
     return definitions;
 }

@@ -4,6 +4,7 @@
 #include "core/database/Conjunctions.h"
 #include "core/database/ResultNames.h"
 #include "core/database/RowOrder.h"
+#include "core/database/SearchHints.h"
 #include "core/database/SelectOutline.h"
 #include "core/database/SqlTokens.h"
 #include "core/database/TextEdits.h"
@@ -18,8 +19,11 @@ RewrittenStatement RewriteStatement(const QByteArray &sql, const TableSchema &sc
         return {sql, sql, std::nullopt};
 
     TextEdits edits = ComparisonEdits(*select, *tokens, schema);
-    for (const TextEdits &more :
-         {ConjunctionEdits(*select, *tokens), RowOrderEdits(*select, *tokens, schema)})
+    TextEdits groups = ConjunctionEdits(*select, *tokens);
+    // The brackets of both could begin at one place, and so many conditions need no hint.
+    if (groups.empty())
+        groups = SearchHintEdits(*select, *tokens);
+    for (const TextEdits &more : {groups, RowOrderEdits(*select, *tokens, schema)})
         edits.insert(edits.end(), more.begin(), more.end());
     return {Apply(edits, sql), sql, ResultNames(*select, *tokens, sql, schema)};
 }
