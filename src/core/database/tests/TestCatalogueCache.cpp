@@ -286,8 +286,10 @@ void TestCatalogueCache::testSeveralProgramsAtOnce()
             QFile::remove(KeptFile());
         }
     };
+    constexpr int programCount = 4;
     std::vector<std::thread> programs;
-    for (int program = 0; program < 4; ++program)
+    programs.reserve(programCount);
+    for (int program = 0; program < programCount; ++program)
         programs.emplace_back(openAndAsk);
     for (std::thread &program : programs)
         program.join();
