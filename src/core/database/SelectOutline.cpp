@@ -127,8 +127,8 @@ bool OutlineReader::ReadFromItem(size_t &index, size_t end)
 
     if (index < end && tokens[index].IsWord("AS"))
         ++index;
-    if (index < end && tokens[index].IsName() && !IsOneOf(tokens[index], JoinWords) &&
-        !IsOneOf(tokens[index], WordsBehindTable))
+    if (index < end && tokens[index].kind != SqlToken::Kind::Symbol &&
+        !IsOneOf(tokens[index], JoinWords) && !IsOneOf(tokens[index], WordsBehindTable))
         item.alias = tokens[index++].Name();
     outline.from.push_back(item);
     return true;

@@ -38,6 +38,8 @@ private Q_SLOTS:
         add("alias", "select x.artNr from p x", "select x.artNr from p x ORDER BY \"x\".rowid");
         add("alias with AS", "select x.artNr from p as x",
             "select x.artNr from p as x ORDER BY \"x\".rowid");
+        add("alias written as a text", "select x.artNr from p 'x'",
+            "select x.artNr from p 'x' ORDER BY \"x\".rowid");
         add("order of its own", "select artNr from p order by artNr desc",
             "select artNr from p order by artNr desc, \"p\".rowid");
         add("join", "select * from p inner join l on (p.ID=l.ID) order by artNr",
