@@ -4,6 +4,7 @@
 #include "cart/dialogs/frmShoppingCartAmount.h"
 #include "cart/model/clsShoppingCart.h"
 #include "support/CatalogueWindow.h"
+#include "support/WaitUntil.h"
 #include "ui/main/CatalogApplication.h"
 #include "ui/main/CategoryTreeView.h"
 #include "ui/main/HeaderBand.h"
@@ -187,10 +188,16 @@ private Q_SLOTS:
         QVERIFY(catalogue.Click(
             QStringLiteral("a[href='product_details.html?id=%1']").arg(rows.Text(set, 0))));
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_details.html")));
-        QTRY_COMPARE(
-            catalogue.Window().Protocol().ProductRows().UpperRow(),
-            catalogue.GetController().Queries().QuerySetMembers(rows.Text(set, 0)).UpperRow());
-        QTRY_COMPARE(RowCount(catalogue), catalogue.Window().Protocol().ProductRows().UpperRow());
+        QVERIFY(WaitUntil([&] {
+            return catalogue.Window().Protocol().ProductRows().UpperRow() ==
+                   catalogue.GetController()
+                       .Queries()
+                       .QuerySetMembers(rows.Text(set, 0))
+                       .UpperRow();
+        }));
+        QVERIFY(WaitUntil([&] {
+            return RowCount(catalogue) == catalogue.Window().Protocol().ProductRows().UpperRow();
+        }));
         QCOMPARE(catalogue.Evaluate(
                      QStringLiteral("document.getElementById('imagesTable').style.visibility")),
                  QVariant(QStringLiteral("hidden")));
@@ -201,7 +208,7 @@ private Q_SLOTS:
         CatalogueWindow catalogue(SampleCatalogue);
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
         QVERIFY(catalogue.Click(QStringLiteral("#list a")));
-        QTRY_VERIFY(catalogue.Window().CurrentNode() != nullptr);
+        QVERIFY(WaitUntil([&] { return catalogue.Window().CurrentNode() != nullptr; }));
         const CategoryNode *const node = catalogue.Window().CurrentNode();
         QVERIFY(catalogue.Window().TreeViewCategories->IsBold(node));
         QVERIFY(catalogue.WaitForFilledPage(node->HasChildren()
@@ -240,7 +247,9 @@ private Q_SLOTS:
         QCOMPARE(catalogue.Window().CurrentNode(), leaf);
         QVERIFY(leaf->text != english);
         QCOMPARE(catalogue.Window().TreeViewCategories->ItemOf(leaf)->text(0), leaf->text);
-        QTRY_COMPARE(InnerText(catalogue, QStringLiteral("caption")).trimmed(), leaf->text);
+        QVERIFY(WaitUntil([&] {
+            return InnerText(catalogue, QStringLiteral("caption")).trimmed() == leaf->text;
+        }));
         QCOMPARE(catalogue.Window().tabMain->tabText(0),
                  catalogue.GetController().GetText(QStringLiteral("tabControlMain")));
         QCOMPARE(catalogue.GetRegistry().RegGetString(SettingsKey, QStringLiteral("Location")),
@@ -276,11 +285,11 @@ private Q_SLOTS:
         QSignalSpy complete(catalogue.Window().wbMain, &WebBrowser::DocumentComplete);
         catalogue.Window().wbMain->Navigate(
             catalogue.GetController().GetInfoDocumentUrl(QStringLiteral("hcare")));
-        QTRY_COMPARE(complete.size(), 1);
+        QVERIFY(WaitUntil([&] { return complete.size() == 1; }));
         QVERIFY(catalogue.Window().Protocol().CurrentUrl().endsWith(
             QLatin1String("/Dokumente/info_ge_care.html")));
         QTest::mouseClick(catalogue.Window().header->btnLang[1], Qt::LeftButton);
-        QTRY_COMPARE(complete.size(), 2);
+        QVERIFY(WaitUntil([&] { return complete.size() == 2; }));
         QVERIFY(catalogue.Window().Protocol().CurrentUrl().endsWith(
             QLatin1String("/Dokumente/info_en_care.html")));
     }
@@ -300,7 +309,8 @@ private Q_SLOTS:
         units->setFocus();
         QTest::keyClick(units, Qt::Key_Down);
         QCOMPARE(catalogue.GetController().GetUnit(), 1);
-        QTRY_VERIFY(InnerText(catalogue, QStringLiteral("contListRow1")).contains(inch));
+        QVERIFY(WaitUntil(
+            [&] { return InnerText(catalogue, QStringLiteral("contListRow1")).contains(inch); }));
         QVERIFY(!InnerText(catalogue, QStringLiteral("contListRow1")).contains(cm));
     }
 
@@ -355,8 +365,8 @@ private Q_SLOTS:
             });
             closer.start(10);
             catalogue.Evaluate(QStringLiteral("window.status = '%1'").arg(text));
-            QTRY_COMPARE(status.size(), 1);
-            QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+            QVERIFY(WaitUntil([&] { return status.size() == 1; }));
+            QVERIFY(WaitUntil([&] { return QApplication::activeModalWidget() == nullptr; }));
         };
         say(QStringLiteral("shoppingCart:1"));
         QCOMPARE(dialogs, 1);

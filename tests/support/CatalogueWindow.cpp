@@ -2,6 +2,7 @@
 
 #include "browser/LocalProfile.h"
 #include "browser/WebBrowser.h"
+#include "support/WaitUntil.h"
 
 #include <QApplication>
 #include <QDir>
@@ -51,19 +52,17 @@ QVariant CatalogueWindow::Evaluate(const QString &expression, int limit)
 {
     const auto answer = std::make_shared<std::optional<QVariant>>();
     window->wbMain->RunScript(expression, [answer](const QVariant &value) { *answer = value; });
-    if (!QTest::qWaitFor([&] { return answer->has_value(); }, limit))
+    if (!WaitUntil([&] { return answer->has_value(); }, limit))
         return {};
     return **answer;
 }
 
 bool CatalogueWindow::WaitFor(const QString &addressPart, const QString &expression)
 {
-    return QTest::qWaitFor(
-        [&] {
-            return window->wbMain->Address().contains(addressPart) &&
-                   Evaluate(QStringLiteral("Boolean(%1)").arg(expression), PollLimit).toBool();
-        },
-        WaitLimit);
+    return WaitUntil([&] {
+        return window->wbMain->Address().contains(addressPart) &&
+               Evaluate(QStringLiteral("Boolean(%1)").arg(expression), PollLimit).toBool();
+    });
 }
 
 bool CatalogueWindow::WaitForFilledPage(const QString &addressPart)
@@ -113,8 +112,8 @@ void CatalogueWindow::WaitForPaint()
     Evaluate(QStringLiteral("void(window.teskPainted = false,"
                             " requestAnimationFrame(() => requestAnimationFrame("
                             " () => { window.teskPainted = true })))"));
-    const bool isPainted = QTest::qWaitFor(
-        [this] { return Evaluate(QStringLiteral("window.teskPainted")).toBool(); }, WaitLimit);
+    const bool isPainted =
+        WaitUntil([this] { return Evaluate(QStringLiteral("window.teskPainted")).toBool(); });
     if (!isPainted)
         qWarning("The page was not painted within %d ms.", WaitLimit);
 }
@@ -141,9 +140,8 @@ bool CatalogueWindow::AnswerDialogs(const std::function<void()> &action,
     });
     poll.start();
     action();
-    return QTest::qWaitFor(
-        [&] { return answered == answers.size() && QApplication::activeModalWidget() == nullptr; },
-        WaitLimit);
+    return WaitUntil(
+        [&] { return answered == answers.size() && QApplication::activeModalWidget() == nullptr; });
 }
 
 bool CopyApplicationDirectory(const QString &source, const QString &target)

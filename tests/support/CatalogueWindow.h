@@ -16,12 +16,10 @@
 namespace Tesk {
 
 /// The real window on an application directory, with settings and cache of its own, driven as a
-/// person would drive it. Every wait is for a condition and ends after `WaitLimit`.
+/// person would drive it. Every wait is for a condition and has an end (WaitUntil.h).
 class CatalogueWindow final
 {
 public:
-    static constexpr int WaitLimit = 20000; // milliseconds
-
     /// Starts the program in the language of this name ("German" … "Italian") and shows the window.
     explicit CatalogueWindow(const QString &applicationDirectory,
                              const QString &language = QStringLiteral("English"));

@@ -3,6 +3,7 @@
 #include "browser/WebBrowser.h"
 #include "cart/dialogs/frmShoppingCartAmount.h"
 #include "cart/model/clsShoppingCart.h"
+#include "support/WaitUntil.h"
 #include "ui/main/CategoryTreeView.h"
 #include "ui/main/HeaderBand.h"
 #include "ui/main/PageProtocol.h"
@@ -176,11 +177,9 @@ void Tour::DataSheet()
         SavePicture(QStringLiteral("details-with-data-sheet"));
         Check(catalogue.Click(QStringLiteral("a[href$='.pdf']")),
               QStringLiteral("data sheet link"));
-        Check(QTest::qWaitFor(
-                  [this] {
-                      return catalogue.Window().wbMain->Address().endsWith(QLatin1String(".pdf"));
-                  },
-                  CatalogueWindow::WaitLimit),
+        Check(WaitUntil([this] {
+                  return catalogue.Window().wbMain->Address().endsWith(QLatin1String(".pdf"));
+              }),
               QStringLiteral("the data sheet opens"));
         SavePicture(QStringLiteral("data-sheet"));
         return;
@@ -224,8 +223,7 @@ void Tour::OtherLanguages()
         QTest::mouseClick(catalogue.Window().header->btnLang[static_cast<size_t>(index)],
                           Qt::LeftButton);
         const QString title = catalogue.Window().CurrentNode()->text;
-        Check(QTest::qWaitFor([&] { return Shows(QStringLiteral("caption"), title); },
-                              CatalogueWindow::WaitLimit),
+        Check(WaitUntil([&] { return Shows(QStringLiteral("caption"), title); }),
               QStringLiteral("the list in the language ") + codes[index]);
         Check(Shows(QStringLiteral("list"),
                     catalogue.GetController().GetText(QStringLiteral("productListCaptionNr"))),
