@@ -19,13 +19,6 @@ constexpr std::array WordsBehind{"AND",   "OR",   "GROUP",   "HAVING", "ORDER", 
                                  "THEN",  "ELSE", "END",     "FROM",   "AS",    "INNER", "LEFT",
                                  "RIGHT", "FULL", "NATURAL", "CROSS",  "JOIN",  "WHEN"};
 
-template <typename Words>
-bool IsOneOf(const SqlToken &token, const Words &words)
-{
-    return std::any_of(words.begin(), words.end(),
-                       [&token](const char *word) { return token.IsWord(word); });
-}
-
 bool IsOperator(const SqlToken &token)
 {
     return std::any_of(Operators.begin(), Operators.end(),
@@ -144,7 +137,7 @@ Operand ComparisonFinder::OperandAt(size_t index) const
 bool ComparisonFinder::BeginsComparison(size_t index) const
 {
     const SqlToken &before = tokens[index - 1];
-    return before.IsSymbol("(") || before.IsSymbol(",") || IsOneOf(before, WordsBefore);
+    return before.IsSymbol("(") || before.IsSymbol(",") || before.IsAnyWord(WordsBefore);
 }
 
 bool ComparisonFinder::EndsComparison(size_t index) const
@@ -152,7 +145,7 @@ bool ComparisonFinder::EndsComparison(size_t index) const
     if (index == select.whole.end)
         return true;
     const SqlToken &behind = tokens[index];
-    return behind.IsSymbol(")") || behind.IsSymbol(",") || IsOneOf(behind, WordsBehind);
+    return behind.IsSymbol(")") || behind.IsSymbol(",") || behind.IsAnyWord(WordsBehind);
 }
 
 void ComparisonFinder::CompareByValue(const Operand &column)

@@ -13,13 +13,6 @@ constexpr std::array Aggregates{"avg", "count", "group_concat", "sum", "total"};
 /// Aggregates of one argument; of several, they choose among their arguments.
 constexpr std::array AggregatesOfOne{"max", "min"};
 
-template <typename Words>
-bool IsOneOf(const SqlToken &token, const Words &words)
-{
-    return std::any_of(words.begin(), words.end(),
-                       [&token](const char *word) { return token.IsWord(word); });
-}
-
 /// Whether the brackets that open at `open` hold a "," between arguments.
 bool HasSeveralArguments(const SqlTokens &tokens, size_t open)
 {
@@ -38,8 +31,8 @@ bool HasAggregate(const SelectOutline &select, const SqlTokens &tokens)
         for (size_t index = range.begin; index + 1 < range.end; ++index) {
             if (!tokens[index + 1].IsSymbol("("))
                 continue;
-            if (IsOneOf(tokens[index], Aggregates) || (IsOneOf(tokens[index], AggregatesOfOne) &&
-                                                       !HasSeveralArguments(tokens, index + 1)))
+            if (tokens[index].IsAnyWord(Aggregates) || (tokens[index].IsAnyWord(AggregatesOfOne) &&
+                                                        !HasSeveralArguments(tokens, index + 1)))
                 return true;
         }
     }

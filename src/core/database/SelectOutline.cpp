@@ -19,13 +19,6 @@ constexpr std::array ExpressionWords{"AND",     "OR",      "NOT",   "LIKE",    "
                                      "NOTNULL", "CASE",    "WHEN",  "THEN",    "ELSE", "END",
                                      "ESCAPE",  "COLLATE", "EXISTS"};
 
-template <typename Words>
-bool IsOneOf(const SqlToken &token, const Words &words)
-{
-    return std::any_of(words.begin(), words.end(),
-                       [&token](const char *word) { return token.IsWord(word); });
-}
-
 /// Reads the clauses of one statement. A method that answers false met something unknown.
 class OutlineReader final
 {
@@ -55,7 +48,7 @@ bool OutlineReader::IsClauseWord(size_t index) const
     const SqlToken &token = tokens[index];
     // "IS DISTINCT FROM" compares.
     const bool isComparison = token.IsWord("FROM") && tokens[index - 1].IsWord("DISTINCT");
-    return token.depth == 0 && IsOneOf(token, ClauseWords) && !isComparison;
+    return token.depth == 0 && token.IsAnyWord(ClauseWords) && !isComparison;
 }
 
 size_t OutlineReader::NextClause(size_t index) const
@@ -73,12 +66,12 @@ ResultColumn OutlineReader::ColumnOf(TokenRange entry) const
     const SqlToken &last = tokens[entry.end - 1];
     const SqlToken &before = tokens[entry.end - 2];
     const bool canBeAlias =
-        (last.IsName() && !IsOneOf(last, ExpressionWords)) || last.kind == SqlToken::Kind::String;
+        (last.IsName() && !last.IsAnyWord(ExpressionWords)) || last.kind == SqlToken::Kind::String;
     if (canBeAlias && count > 2 && before.IsWord("AS"))
         return {{entry.begin, entry.end - 2}, last.Name()};
     // A name behind a whole operand is an alias too.
     const bool endsOperand = before.kind != SqlToken::Kind::Symbol || before.IsSymbol(")");
-    if (canBeAlias && endsOperand && (before.IsWord("END") || !IsOneOf(before, ExpressionWords)))
+    if (canBeAlias && endsOperand && (before.IsWord("END") || !before.IsAnyWord(ExpressionWords)))
         return {{entry.begin, entry.end - 1}, last.Name()};
     return {entry, {}};
 }
@@ -128,7 +121,7 @@ bool OutlineReader::ReadFromItem(size_t &index, size_t end)
     if (index < end && tokens[index].IsWord("AS"))
         ++index;
     if (index < end && tokens[index].kind != SqlToken::Kind::Symbol &&
-        !IsOneOf(tokens[index], JoinWords) && !IsOneOf(tokens[index], WordsBehindTable))
+        !tokens[index].IsAnyWord(JoinWords) && !tokens[index].IsAnyWord(WordsBehindTable))
         item.alias = tokens[index++].Name();
     outline.from.push_back(item);
     return true;
@@ -137,7 +130,7 @@ bool OutlineReader::ReadFromItem(size_t &index, size_t end)
 void OutlineReader::SkipToNextItem(size_t &index, size_t end)
 {
     const auto isSeparator = [this](const SqlToken &token) {
-        return token.depth == 0 && (token.IsSymbol(",") || IsOneOf(token, JoinWords));
+        return token.depth == 0 && (token.IsSymbol(",") || token.IsAnyWord(JoinWords));
     };
     while (index < end && !isSeparator(tokens[index]))
         outline.hasMergedColumns |= tokens[index++].IsWord("USING");
@@ -180,7 +173,7 @@ std::optional<SelectOutline> OutlineReader::Read()
 
     size_t clause = NextClause(begin);
     ReadColumns({begin, clause});
-    while (clause < tokens.size() && !IsOneOf(tokens[clause], CompoundWords)) {
+    while (clause < tokens.size() && !tokens[clause].IsAnyWord(CompoundWords)) {
         const size_t end = NextClause(clause + 1);
         if (!tokens[clause].IsWord("FROM"))
             ReadClause(clause, end);

@@ -149,6 +149,12 @@ bool SqlToken::IsWord(const char *keyword) const
     return kind == Kind::Word && text.compare(keyword, Qt::CaseInsensitive) == 0;
 }
 
+bool SqlToken::IsAnyWord(std::span<const char *const> keywords) const
+{
+    return std::any_of(keywords.begin(), keywords.end(),
+                       [this](const char *keyword) { return IsWord(keyword); });
+}
+
 bool SqlToken::IsSymbol(const char *symbol) const
 {
     return kind == Kind::Symbol && text == QByteArrayView(symbol);

@@ -4,6 +4,7 @@
 #include <QByteArrayView>
 
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace Tesk::Database {
@@ -21,6 +22,7 @@ struct SqlToken
     qsizetype End() const { return begin + text.size(); }
     /// Whether it is this keyword (given in upper case), in any ASCII case.
     bool IsWord(const char *keyword) const;
+    bool IsAnyWord(std::span<const char *const> keywords) const;
     bool IsSymbol(const char *symbol) const;
     bool IsName() const { return kind == Kind::Word || kind == Kind::QuotedName; }
     /// The name or text without its quotes.
