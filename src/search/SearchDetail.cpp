@@ -19,8 +19,8 @@ namespace Tesk {
 namespace {
 
 // The units stand in the search's own words, the companies as the reference numbers name them.
-const std::array<QString, SearchDetail::UnitCount> Units{
-    QStringLiteral("mm"), QStringLiteral("cm"), QStringLiteral("inch")};
+const std::array<QString, SearchDetail::UnitCount> Units{QStringLiteral("mm"), QStringLiteral("cm"),
+                                                         QStringLiteral("inch")};
 const QStringList Companies{QStringLiteral("Varnholt"), QStringLiteral("Dorvik"),
                             QStringLiteral("Salvora")};
 const QString ExamplesText =
@@ -200,8 +200,8 @@ void SearchDetail::SearchDetails()
     const QString words = Words();
     if (words.isEmpty() && tbProductLength->text().isEmpty() && tbArtNr->text().isEmpty())
         return;
-    Q_EMIT OnNewSearchResults(queries.SearchProducts(words, tbArtNr->text(),
-                                                     tbProductLength->text(), Unit(), false));
+    Q_EMIT OnNewSearchResults(
+        queries.SearchProducts(words, tbArtNr->text(), tbProductLength->text(), Unit(), false));
 }
 
 void SearchDetail::SearchCompetition()

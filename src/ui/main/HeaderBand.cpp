@@ -2,7 +2,7 @@
 
 #include "core/LanguageSupport.h"
 #include "ui/main/LogoButton.h"
-#include "ui/main/Palette.h"
+#include "ui/main/controls/Colours.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -28,8 +28,8 @@ QString FlatButtonStyle()
                           "QPushButton:hover { text-decoration: underline; }"
                           "QPushButton:focus { border-color: %3; }"
                           "QPushButton:checked { background: %4; }")
-        .arg(Palette::White.name(), Palette::Text.name(), Palette::Secondary.name(),
-             Palette::CurrentLanguage.name());
+        .arg(Colours::Ground.name(), Colours::Text.name(), Colours::Secondary.name(),
+             Colours::CurrentLanguage.name());
 }
 
 QString MainButtonStyle()
@@ -38,8 +38,8 @@ QString MainButtonStyle()
                           " padding: 5px 14px; background: %1; font-weight: bold; }"
                           "QPushButton:hover, QPushButton:focus { border-color: %3; }"
                           "QPushButton:disabled { background: %4; border-color: %4; }")
-        .arg(Palette::Red.name(), Palette::White.name(), Palette::Text.name(),
-             Palette::Secondary.lighter(160).name());
+        .arg(Colours::Band.name(), Colours::Ground.name(), Colours::Text.name(),
+             Colours::Secondary.lighter(160).name());
 }
 
 } // namespace
@@ -49,7 +49,7 @@ HeaderBand::HeaderBand(QWidget *parent)
 {
     setAutoFillBackground(true);
     QPalette bandPalette = palette();
-    bandPalette.setColor(backgroundRole(), Palette::White);
+    bandPalette.setColor(backgroundRole(), Colours::Ground);
     setPalette(bandPalette);
     setFixedHeight(BandHeight);
 

@@ -1,6 +1,6 @@
 #include "ui/main/LogoButton.h"
 
-#include "ui/main/Palette.h"
+#include "ui/main/controls/Colours.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -45,12 +45,12 @@ void LogoButton::paintEvent(QPaintEvent *)
     painter.setFont(WordFont());
     const QFontMetrics metrics = painter.fontMetrics();
     const int baseline = FocusMargin + metrics.ascent();
-    painter.setPen(Palette::Red);
+    painter.setPen(Colours::Band);
     painter.drawText(FocusMargin, baseline, FirstWord);
-    painter.setPen(Palette::Text);
+    painter.setPen(Colours::Text);
     painter.drawText(FocusMargin + metrics.horizontalAdvance(FirstWord), baseline, SecondWord);
     if (hasFocus()) {
-        painter.setPen(Palette::Secondary);
+        painter.setPen(Colours::Secondary);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "core/BreadcrumbUtil.h"
+
+#include <QList>
 #include <QString>
 
 namespace Tesk {
@@ -18,6 +21,8 @@ public:
     virtual void TreeViewCategories_NodeClick(const CategoryNode *node) = 0;
     /// The empty text shows the default status text.
     virtual void SetStatusText(const QString &text) = 0;
+    /// The way to the page, the way home left out.
+    virtual void SetBreadcrumb(const QList<Crumb> &pairs) = 0;
 };
 
 } // namespace Tesk

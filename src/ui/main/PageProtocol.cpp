@@ -1,15 +1,20 @@
 #include "ui/main/PageProtocol.h"
 
 #include "base/Errors.h"
+#include "base/Numbers.h"
+#include "core/BreadcrumbUtil.h"
 #include "core/CategoryTree.h"
 #include "core/Controller.h"
 #include "pages/HtmlBuilder.h"
 #include "ui/main/MousePointer.h"
 #include "ui/main/PageAddress.h"
 #include "ui/main/PageHost.h"
+#include "ui/main/controls/ItemScroller.h"
 #include "ui/main/history/NavigationHistory.h"
 
 #include <QLoggingCategory>
+
+#include <algorithm>
 
 namespace Tesk {
 
@@ -25,6 +30,12 @@ const QLatin1String WelcomePage{"welcome.html"};
 const QLatin1String CategoryElement{"categoryList"};
 const QLatin1String ListElement{"productList"};
 const QLatin1String DetailsElement{"productDetails"};
+
+/// The number of data rows: 0 for the empty table. Throws ConversionError beyond 32767.
+qint16 CountOf(const ResultTable &rows)
+{
+    return ToInt16(static_cast<double>(std::max(rows.UpperRow(), 0)));
+}
 
 } // namespace
 
@@ -55,7 +66,8 @@ void PageProtocol::DocumentComplete(const QString &address)
         ArmLoader(DetailsElement, address);
     } else if (address.contains(WelcomePage)) {
         FillWelcomePage();
-        Q_EMIT PageFilled(WelcomePage);
+        parts.scroller.SetBackEnabled(parts.history.HasMoreEntries());
+        Q_EMIT WelcomePageFilled();
     } else {
         // A document or data sheet shows as it is: nothing is filled later that could put the
         // pointer right.
@@ -81,17 +93,20 @@ void PageProtocol::LoaderTick()
             << "The page" << currentUrl << "could not be filled:" << error.Message();
         parts.pointer.SetDefault();
     }
+    parts.scroller.SetBackEnabled(parts.history.HasMoreEntries());
     Q_EMIT PageFilled(pendingElementId);
 }
 
 void PageProtocol::Fill(const QString &elementId, const QString &id)
 {
-    if (elementId == CategoryElement)
+    if (elementId == CategoryElement) {
         ShowCategoryList(id);
-    else if (elementId == ListElement)
+    } else if (elementId == ListElement) {
+        standaloneDetails = false;
         ShowProductList(id);
-    else if (elementId == DetailsElement)
+    } else if (elementId == DetailsElement) {
         ShowProductDetails(id);
+    }
 }
 
 void PageProtocol::FillWelcomePage()
@@ -99,6 +114,7 @@ void PageProtocol::FillWelcomePage()
     LoaderTimer.stop();
     parts.builder.WriteStartPage(parts.browser, parts.tree);
     parts.host.SetStatusText(QString());
+    parts.host.SetBreadcrumb({});
     parts.pointer.SetDefault();
 }
 
@@ -116,7 +132,9 @@ void PageProtocol::ShowCategoryList(const QString &id)
     }
     if (currentNode == nullptr)
         throw SubscriptError(QStringLiteral("There is no category with the id \"%1\".").arg(id));
+    parts.scroller.DisableScroller();
     parts.builder.WriteCategoryList(parts.browser, currentNode->text, parts.tree, currentNode);
+    parts.host.SetBreadcrumb(BuildBreadcrumbPath(currentNode));
     parts.pointer.SetDefault();
 }
 
@@ -129,19 +147,35 @@ void PageProtocol::ShowProductList(const QString &id)
     } else {
         caption = currentNode->text;
         productRows = parts.controller.Queries().QueryProductsOfCategory(id);
+        parts.scroller.SetCount(CountOf(productRows));
     }
+    parts.scroller.DisableScroller();
     const bool hasSingleProducts = parts.controller.Queries().HasSingleProducts(id);
     parts.builder.WriteProductList(parts.browser, caption, productRows, firstItem, id,
                                    hasSingleProducts, currentNode);
+    parts.host.SetBreadcrumb(BuildBreadcrumbPath(currentNode));
     parts.pointer.SetDefault();
+}
+
+// The place of the product among the rows that the user steps through.
+void PageProtocol::ShowPosition(const QString &id)
+{
+    parts.scroller.SetCount(CountOf(productRows));
+    parts.scroller.EnableScroller();
+    if (standaloneDetails)
+        parts.scroller.DisableScroller();
+    else
+        parts.scroller.SetItemIndex(FindRowById(productRows, id));
 }
 
 void PageProtocol::ShowProductDetails(const QString &id)
 {
     const CategoryNode *currentNode = parts.host.CurrentNode();
     const ResultTable product = parts.controller.Queries().QueryProduct(id);
+    ShowPosition(id);
     if (GetField(QStringLiteral("p.isSet"), product, 1) == QLatin1String("True")) {
         productRows = parts.controller.Queries().QuerySetMembers(id);
+        parts.scroller.SetCount(CountOf(productRows));
         parts.builder.WriteSetList(parts.browser, GetField(QStringLiteral("l.name"), product, 1),
                                    productRows, currentNode);
     } else {

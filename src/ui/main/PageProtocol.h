@@ -12,6 +12,7 @@ class CategoryTree;
 class Controller;
 class HtmlBuilder;
 class HtmlDocument;
+class ItemScroller;
 class MousePointer;
 class NavigationHistory;
 class PageHost;
@@ -37,6 +38,7 @@ public:
         HtmlDocument &browser;
         PageHost &host;
         MousePointer &pointer;
+        ItemScroller &scroller;
     };
 
     explicit PageProtocol(const Parts &parts, QObject *parent = nullptr);
@@ -50,15 +52,21 @@ public:
     const ResultTable &ProductRows() const { return productRows; }
     void SetProductRows(ResultTable rows) { productRows = std::move(rows); }
 
+    /// Whether the next details page belongs to no list: then it offers no steps to other products.
+    void SetStandaloneDetails(bool isStandalone) { standaloneDetails = isStandalone; }
+
 public Q_SLOTS:
     /// The browser has completed the page at this address (percent-decoded).
     void DocumentComplete(const QString &address);
 
 Q_SIGNALS:
-    /// A fill has ended, successful or not.
+    /// A fill has ended, successful or not. The welcome page is filled without an element of its
+    /// own.
     void PageFilled(const QString &elementId);
+    void WelcomePageFilled();
 
 private:
+    void ShowPosition(const QString &id);
     void ArmLoader(const QString &elementId, const QString &address);
     void LoaderTick();
     void Fill(const QString &elementId, const QString &id);
@@ -74,6 +82,7 @@ private:
     QString pendingId;
     qint16 firstItem = 1;
     ResultTable productRows;
+    bool standaloneDetails = false;
 };
 
 } // namespace Tesk

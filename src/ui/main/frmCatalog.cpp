@@ -5,14 +5,19 @@
 #include "browser/WebBrowser.h"
 #include "core/Controller.h"
 #include "core/FileDialog.h"
+#include "search/SearchDetail.h"
 #include "ui/main/CartRequest.h"
 #include "ui/main/CategoryTreeView.h"
+#include "ui/main/FastSearch.h"
 #include "ui/main/HeaderBand.h"
 #include "ui/main/LogoButton.h"
 #include "ui/main/MainMenu.h"
 #include "ui/main/PageAddress.h"
 #include "ui/main/PageProtocol.h"
-#include "ui/main/Palette.h"
+#include "ui/main/controls/Breadcrumb.h"
+#include "ui/main/controls/Colours.h"
+#include "ui/main/controls/ItemScroller.h"
+#include "ui/main/controls/NavLeft.h"
 
 #include <QAction>
 #include <QApplication>
@@ -38,6 +43,16 @@ const QLatin1String PriceListFilter{"Tesk Price List (*.txt)|*.txt"};
 const quint32 PathAndFileMustExist = 0x1800;
 const QLatin1String SettingsMessage{"not implemented yet... coming soon."};
 
+const QLatin1String CategoryPage{"category_list.html?id="};
+const QLatin1String ListPage{"product_list.html?firstItem=1&id="};
+const QLatin1String DetailsPage{"product_details.html?id="};
+
+const Crumb HomeCrumb{QStringLiteral("tesk-shop"), QStringLiteral("default.html")};
+const QString SearchCrumbCaption = QStringLiteral("Detailsuche");
+const QLatin1String SearchDetailTag{"searchDetail"};
+/// Stands in the history for the search form, which is no page.
+const QString SearchDetailEntry = QStringLiteral("SearchDetail");
+
 constexpr QSize PreferredSize{1280, 800}; // pixels
 constexpr QSize LeastSize{800, 560};      // pixels
 constexpr int LineHeight = 2;             // pixels
@@ -51,10 +66,12 @@ frmCatalog::frmCatalog(Controller &controller, QWebEngineProfile *profile)
     setWindowTitle(WindowTitle);
     menus = new MainMenu(menuBar());
     BuildLayout(profile);
-    protocol = std::make_unique<PageProtocol>(
-        PageProtocol::Parts{controller, builder, tree, history, *wbMain, *this, pointer});
+    protocol = std::make_unique<PageProtocol>(PageProtocol::Parts{
+        controller, builder, tree, history, *wbMain, *this, pointer, *scroller});
     cartRequest = new CartRequest(controller, this);
+    fastSearch = new FastSearch(controller.Queries(), *header, pointer);
     ConnectControls();
+    ConnectNavigation();
     setMinimumSize(LeastSize);
     resize(PreferredSize.boundedTo(screen()->availableSize()));
 }
@@ -74,8 +91,29 @@ void frmCatalog::BuildLayout(QWebEngineProfile *profile)
     auto *const Line1 = new QFrame(ground);
     Line1->setFixedHeight(LineHeight);
     Line1->setAutoFillBackground(true);
-    Line1->setPalette(QPalette(Palette::Red));
+    Line1->setPalette(QPalette(Colours::Band));
     rows->addWidget(Line1);
+
+    const auto getText = [this](const QString &key) { return controller.GetText(key); };
+    auto *const columns = new QHBoxLayout;
+    columns->setSpacing(0);
+    ucNavLeft = new NavLeft(getText, ground);
+    ucNavLeft->setObjectName(QStringLiteral("ucNavLeft"));
+    columns->addWidget(ucNavLeft);
+    auto *const pageColumn = new QVBoxLayout;
+    pageColumn->setSpacing(0);
+    columns->addLayout(pageColumn, 1);
+    rows->addLayout(columns, 1);
+
+    auto *const band = new QHBoxLayout;
+    band->setSpacing(0);
+    ucBreadcrumb = new Breadcrumb(ground);
+    ucBreadcrumb->setObjectName(QStringLiteral("ucBreadcrumb"));
+    scroller = new ItemScroller(getText, ground);
+    scroller->setObjectName(QStringLiteral("scroller"));
+    band->addWidget(ucBreadcrumb, 1);
+    band->addWidget(scroller);
+    pageColumn->addLayout(band);
 
     tabMain = new QTabWidget(ground);
     tabMain->setObjectName(QStringLiteral("tabMain"));
@@ -85,8 +123,14 @@ void frmCatalog::BuildLayout(QWebEngineProfile *profile)
     tabMain->addTab(wbMain, QStringLiteral("Produkte"));
     tabMain->addTab(BuildCategoriesTab(), QStringLiteral("Kategorien"));
     tabMain->addTab(new QWidget(tabMain), QStringLiteral("Warenkorb"));
-    tabMain->addTab(new QWidget(tabMain), QStringLiteral("Detailsuche"));
-    rows->addWidget(tabMain, 1);
+    ucSearchDetail = new SearchDetail(controller.Queries(), controller.Languages(), tabMain);
+    ucSearchDetail->setObjectName(QStringLiteral("ucSearchDetail"));
+    tabMain->addTab(ucSearchDetail, QStringLiteral("Detailsuche"));
+    // Nothing can be shown there yet.
+    tabMain->setTabEnabled(CartTab, false);
+    menus->mContact->setEnabled(false);
+    menus->mInfo->setEnabled(false);
+    pageColumn->addWidget(tabMain, 1);
     setCentralWidget(ground);
     statusBar();
 }
@@ -129,6 +173,22 @@ void frmCatalog::ConnectControls()
     });
 }
 
+void frmCatalog::ConnectNavigation()
+{
+    connect(ucNavLeft, &NavLeft::OnCategorySelect, this, &frmCatalog::SelectNavEntry);
+    connect(ucBreadcrumb, &Breadcrumb::OnCrumbSelect, this, &frmCatalog::SelectCrumb);
+    connect(scroller, &ItemScroller::OnIndexChange, this, &frmCatalog::ShowItem);
+    connect(scroller, &ItemScroller::OnHistoryBack, this, &frmCatalog::GoBack);
+    connect(protocol.get(), &PageProtocol::WelcomePageFilled, this,
+            [this] { ucNavLeft->selectSubCategory(QString()); });
+    connect(fastSearch, &FastSearch::NewResults, this, &frmCatalog::ShowSearchResults);
+    connect(ucSearchDetail, &SearchDetail::OnNewSearchResults, this,
+            [this](const ResultTable &rows) {
+                history.PushEntry(SearchDetailEntry);
+                ShowSearchResults(rows);
+            });
+}
+
 QString frmCatalog::Load()
 {
     controller.InitApplication();
@@ -155,7 +215,16 @@ void frmCatalog::ApplyGuiTexts()
     TreeViewCategories->setAccessibleName(tabMain->tabText(CategoriesTab));
     wbMain->setAccessibleName(tabMain->tabText(ProductsTab));
     FillCategoryTree();
-    SetStatusText(currentNode == nullptr ? QString() : currentNode->FullPath());
+    ucNavLeft->Initialize(tree);
+    scroller->Initialize();
+    scroller->DisableScroller();
+    ucSearchDetail->Initialize();
+    if (currentNode == nullptr) {
+        SetStatusText(QString());
+        SetBreadcrumb({});
+    } else {
+        SetStatusText(currentNode->FullPath());
+    }
     ReloadPage();
 }
 
@@ -179,6 +248,7 @@ void frmCatalog::GoHome()
     wbMain->Navigate(protocol->CurrentUrl());
     SelectTab(ProductsTab);
     SetStatusText(QString());
+    SetBreadcrumb({});
 }
 
 void frmCatalog::MarkCurrentLanguage()
@@ -189,10 +259,10 @@ void frmCatalog::MarkCurrentLanguage()
 
 void frmCatalog::TreeViewCategories_NodeClick(const CategoryNode *node)
 {
+    if (const CategoryNode *const entry = node->SecondLevelAncestor())
+        ucNavLeft->selectSubCategory(entry->tag);
     pointer.SetHourglass();
-    const QLatin1String page{node->HasChildren() ? "/content/category_list.html?id="
-                                                 : "/content/product_list.html?firstItem=1&id="};
-    wbMain->Navigate(controller.GetContentBaseUrl() + page + node->tag);
+    OpenContent((node->HasChildren() ? CategoryPage : ListPage) + node->tag);
     SelectTab(ProductsTab);
     if (currentNode != nullptr) {
         TreeViewCategories->SetBold(currentNode, false);
@@ -203,6 +273,81 @@ void frmCatalog::TreeViewCategories_NodeClick(const CategoryNode *node)
     TreeViewCategories->ExpandNodePath(node);
     TreeViewCategories->SetCurrent(node);
     SetStatusText(node->FullPath());
+}
+
+void frmCatalog::OpenContent(const QString &tail)
+{
+    wbMain->Navigate(controller.GetContentBaseUrl() + QLatin1String("/content/") + tail);
+}
+
+void frmCatalog::SelectNavEntry(const QString &id)
+{
+    pointer.SetHourglass();
+    if (id == SearchDetailTag) {
+        SelectTab(SearchTab);
+        SetBreadcrumb({{SearchCrumbCaption, QString()}});
+        pointer.SetDefault();
+        return;
+    }
+    for (const auto &node : tree.Nodes()) {
+        if (node->tag == id)
+            TreeViewCategories_NodeClick(node.get());
+    }
+    SelectTab(ProductsTab);
+}
+
+void frmCatalog::SelectCrumb(const QString &link)
+{
+    const QString id = link.mid(link.lastIndexOf(u'=') + 1);
+    if (link.contains(HomeCrumb.link))
+        GoHome();
+    else if (link.contains(QLatin1String("category_list.html")))
+        OpenContent(CategoryPage + id);
+    else if (link.contains(QLatin1String("product_list.html")))
+        OpenContent(ListPage + id);
+}
+
+void frmCatalog::ShowItem(qint16 index)
+{
+    if (index >= 1 && index <= protocol->ProductRows().UpperRow())
+        OpenContent(DetailsPage + protocol->ProductRows().Text(index, 0));
+}
+
+void frmCatalog::ShowStandaloneDetails(const QString &id)
+{
+    protocol->SetProductRows(controller.Queries().QueryProduct(id));
+    OpenContent(DetailsPage + id);
+    tabMain->setCurrentIndex(ProductsTab);
+    protocol->SetStandaloneDetails(true);
+}
+
+void frmCatalog::ShowSearchResults(const ResultTable &rows)
+{
+    protocol->SetProductRows(rows);
+    if (currentNode != nullptr)
+        TreeViewCategories->SetBold(currentNode, false);
+    currentNode = nullptr;
+    OpenContent(ListPage);
+    SelectTab(ProductsTab);
+}
+
+void frmCatalog::GoBack()
+{
+    if (!history.HasMoreEntries())
+        return;
+    const QString entry = history.PopEntry();
+    if (entry == SearchDetailEntry) {
+        ucSearchDetail->Initialize();
+        SelectTab(SearchTab);
+    } else {
+        SelectTab(ProductsTab);
+        wbMain->Navigate(entry);
+    }
+}
+
+void frmCatalog::SetBreadcrumb(const QList<Crumb> &pairs)
+{
+    ucBreadcrumb->SetList(QList<Crumb>{HomeCrumb} + pairs);
 }
 
 void frmCatalog::SetStatusText(const QString &text)

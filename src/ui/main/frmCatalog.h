@@ -16,12 +16,17 @@ class QWebEngineProfile;
 
 namespace Tesk {
 
+class Breadcrumb;
 class CartRequest;
 class CategoryTreeView;
 class Controller;
+class FastSearch;
 class HeaderBand;
+class ItemScroller;
 class MainMenu;
+class NavLeft;
 class PageProtocol;
+class SearchDetail;
 class WebBrowser;
 
 /// The main window: it owns the browser, the tree, the tabs and the menus, and wires them together.
@@ -50,6 +55,14 @@ public:
     const CategoryNode *CurrentNode() const override { return currentNode; }
     void TreeViewCategories_NodeClick(const CategoryNode *node) override;
     void SetStatusText(const QString &text) override;
+    void SetBreadcrumb(const QList<Crumb> &pairs) override;
+
+    /// Shows the rows as a product list in place of a category.
+    void ShowSearchResults(const ResultTable &rows);
+    /// Opens the details of a product that belongs to no list, such as one of the cart.
+    void ShowStandaloneDetails(const QString &id);
+    /// Goes back to the page, or to the search form, that was shown before.
+    void GoBack();
 
     const CategoryTree &Tree() const { return tree; }
     PageProtocol &Protocol() { return *protocol; }
@@ -61,6 +74,10 @@ public:
     WebBrowser *wbMain = nullptr;
     CategoryTreeView *TreeViewCategories = nullptr;
     QLabel *lblCategorySelection = nullptr;
+    NavLeft *ucNavLeft = nullptr;
+    Breadcrumb *ucBreadcrumb = nullptr;
+    ItemScroller *scroller = nullptr;
+    SearchDetail *ucSearchDetail = nullptr;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -69,6 +86,11 @@ private:
     void BuildLayout(QWebEngineProfile *profile);
     QWidget *BuildCategoriesTab();
     void ConnectControls();
+    void ConnectNavigation();
+    void SelectNavEntry(const QString &id);
+    void SelectCrumb(const QString &link);
+    void ShowItem(qint16 index);
+    void OpenContent(const QString &tail);
     void SelectTab(Tab tab);
     void SelectLanguage(int index);
     void SelectUnit(int index);
@@ -86,6 +108,7 @@ private:
     const CategoryNode *currentNode = nullptr;
     std::unique_ptr<PageProtocol> protocol;
     CartRequest *cartRequest = nullptr;
+    FastSearch *fastSearch = nullptr;
 };
 
 } // namespace Tesk

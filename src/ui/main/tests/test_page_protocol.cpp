@@ -5,6 +5,7 @@
 #include "ui/main/MousePointer.h"
 #include "ui/main/PageHost.h"
 #include "ui/main/PageProtocol.h"
+#include "ui/main/controls/ItemScroller.h"
 #include "ui/main/history/NavigationHistory.h"
 
 #include <QApplication>
@@ -25,10 +26,12 @@ public:
         ++clickCount;
     }
     void SetStatusText(const QString &text) override { statusTexts << text; }
+    void SetBreadcrumb(const QList<Crumb> &pairs) override { crumbs = pairs; }
 
     const CategoryNode *currentNode = nullptr;
     int clickCount = 0;
     QStringList statusTexts;
+    QList<Crumb> crumbs;
 };
 
 QString Page(const char *tail)
@@ -51,10 +54,12 @@ private Q_SLOTS:
         tree = std::make_unique<CategoryTree>();
         tree->Fill(application->GetController().Queries().QueryCategories());
         history = std::make_unique<NavigationHistory>();
+        scroller = std::make_unique<ItemScroller>([](const QString &key) { return key; });
         document = RecordingDocument();
         host = RecordingHost();
-        protocol = std::make_unique<PageProtocol>(PageProtocol::Parts{
-            application->GetController(), *builder, *tree, *history, document, host, pointer});
+        protocol = std::make_unique<PageProtocol>(
+            PageProtocol::Parts{application->GetController(), *builder, *tree, *history, document,
+                                host, pointer, *scroller});
         filled = std::make_unique<QSignalSpy>(protocol.get(), &PageProtocol::PageFilled);
     }
 
@@ -187,6 +192,7 @@ private:
     RecordingDocument document;
     RecordingHost host;
     MousePointer pointer;
+    std::unique_ptr<ItemScroller> scroller;
     std::unique_ptr<PageProtocol> protocol;
     std::unique_ptr<QSignalSpy> filled;
 };
