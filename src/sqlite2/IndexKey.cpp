@@ -80,7 +80,7 @@ std::string EncodeIndexValue(const Value &value, TypeClass typeClass)
 {
     std::string key;
     if (!value)
-        key = "a";
+        key.assign(1, 'a');
     else if (typeClass == TypeClass::Numeric && IsNumber(*value))
         key = 'b' + EncodeNumber(ToDouble(*value));
     else

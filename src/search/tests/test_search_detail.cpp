@@ -148,7 +148,10 @@ private:
     static void Type(QLineEdit *field, const QString &text)
     {
         field->setFocus();
-        QTest::keyClicks(field, text);
+        // Qt Test types plain ASCII only, unless the key's text is given.
+        for (const QChar &character : text)
+            QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(character),
+                                Qt::NoModifier);
     }
 
     std::unique_ptr<TestApplication> application;
