@@ -1,5 +1,6 @@
 #include "BuildCommand.h"
 #include "GenerateCommand.h"
+#include "SqlCommand.h"
 #include "UsageError.h"
 
 #include <QGuiApplication>
@@ -21,6 +22,8 @@ constexpr char usage[] = R"(Makes, checks, queries and generates product catalog
       makes an application directory of a catalogue's sources
   catalog-tool check SOURCES
       reports every problem of the sources
+  catalog-tool sql [--json] FILE STATEMENT
+      prints what the statement finds in a catalogue's database
   catalog-tool generate FILE --products N [--seed S]
       writes a made-up catalogue of N products; equal seeds make equal files
 )";
@@ -50,6 +53,7 @@ int Run(int &argc, char **argv)
         {QStringLiteral("build"), WithoutDisplay(Tesk::RunBuild, argc, argv)},
         {QStringLiteral("check"), Tesk::RunCheck},
         {QStringLiteral("generate"), Tesk::RunGenerate},
+        {QStringLiteral("sql"), Tesk::RunSql},
     };
 
     QStringList arguments;

@@ -4,6 +4,8 @@
 
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QProcess>
 #include <QTest>
 
@@ -132,6 +134,38 @@ private Q_SLOTS:
         reader.ReadRows(*reader.FindTable("products_global"),
                         [&count](std::int32_t, const Sqlite2::Row &) { ++count; });
         QCOMPARE(count, 40);
+    }
+
+    void testAsksABuiltCatalogue()
+    {
+        const TinySources tiny;
+        const QTemporaryDir folder;
+        Run({QStringLiteral("build"), tiny.Path(), folder.path()});
+        const Outcome outcome =
+            Run({QStringLiteral("sql"), QStringLiteral("--json"),
+                 folder.filePath(QStringLiteral("catalog.db")),
+                 QStringLiteral("SELECT ID, name, form FROM products_localized WHERE lang='ge'")});
+        QCOMPARE(outcome.errors, QString());
+        QCOMPARE(outcome.status, 0);
+        const QJsonArray expected{
+            QJsonArray{QStringLiteral("ID"), QStringLiteral("name"), QStringLiteral("form")},
+            QJsonArray{QStringLiteral("1"), QStringLiteral("Schere groß"), QStringLiteral("x")},
+            QJsonArray{QStringLiteral("2"), QStringLiteral("Schere"), QStringLiteral("x")},
+            QJsonArray{QStringLiteral("3"), QStringLiteral("Besteck"), QJsonValue::Null}};
+        QCOMPARE(QJsonDocument::fromJson(outcome.output.toUtf8()).array(), expected);
+    }
+
+    void testReportsAFailingStatement()
+    {
+        const TinySources tiny;
+        const QTemporaryDir folder;
+        Run({QStringLiteral("build"), tiny.Path(), folder.path()});
+        const Outcome outcome =
+            Run({QStringLiteral("sql"), folder.filePath(QStringLiteral("catalog.db")),
+                 QStringLiteral("SELECT ID FROM nowhere")});
+        QCOMPARE(outcome.status, 1);
+        QCOMPARE(outcome.output, QString());
+        QVERIFY(outcome.errors.contains(QLatin1String("nowhere")));
     }
 
     void testUsageErrors_data()
