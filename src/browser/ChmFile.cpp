@@ -10,10 +10,14 @@ namespace Tesk {
 namespace {
 
 /// No page or picture is nearly as large; a damaged directory may claim any length.
-constexpr quint64 largestMember = 64U * 1024 * 1024;
+constexpr quint64 largestMember = Q_UINT64_C(64) * 1024 * 1024;
 
-/// A damaged directory can lead in circles.
-constexpr qsizetype mostMembers = 1'000'000;
+FileError Unreadable(const QString &path)
+{
+    return FileError(QStringLiteral("The file '%1' is missing or cannot be read. Please install "
+                                    "the catalogue again.")
+                         .arg(path));
+}
 
 } // namespace
 
@@ -23,40 +27,23 @@ void ChmFile::Closer::operator()(chmFile *handle) const
 }
 
 ChmFile::ChmFile(const QString &path)
-    : file(chm_open(QFile::encodeName(path).constData()))
 {
-    if (!file) {
-        throw FileError(QStringLiteral("The file '%1' is missing or is no compiled help file. "
-                                       "Please install the catalogue again.")
-                            .arg(path));
-    }
-    ListMembers();
+    QFile source(path);
+    if (!source.open(QIODevice::ReadOnly))
+        throw Unreadable(path);
+    members = ReadChmDirectory(source);
+    file.reset(chm_open(QFile::encodeName(path).constData()));
+    if (!file)
+        throw Unreadable(path);
 }
 
 ChmFile::~ChmFile() = default;
 
-// The file's own index is ordered by a rule that not every compiler keeps, so that a search in it
-// can miss members: all are listed once instead.
-void ChmFile::ListMembers()
-{
-    using Members = decltype(members);
-    const auto note = [](chmFile *, chmUnitInfo *unit, void *context) {
-        Members &found = *static_cast<Members *>(context);
-        if (found.size() >= mostMembers)
-            return CHM_ENUMERATOR_FAILURE;
-        if (unit->length <= largestMember) {
-            found.insert(QString::fromUtf8(unit->path).toCaseFolded(),
-                         {unit->start, unit->length, unit->space});
-        }
-        return CHM_ENUMERATOR_CONTINUE;
-    };
-    chm_enumerate(file.get(), CHM_ENUMERATE_NORMAL | CHM_ENUMERATE_FILES, note, &members);
-}
-
 std::optional<QByteArray> ChmFile::Read(const QString &member) const
 {
     const auto found = members.constFind(member.toCaseFolded());
-    if (found == members.cend())
+    if (found == members.cend() || !member.startsWith(u'/') || member.endsWith(u'/') ||
+        found->length > largestMember)
         return std::nullopt;
     chmUnitInfo unit = {};
     unit.start = found->start;

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "browser/ChmDirectory.h"
+
 #include <QByteArray>
-#include <QHash>
 #include <QString>
 
 #include <memory>
@@ -15,7 +16,7 @@ namespace Tesk {
 class ChmFile final
 {
 public:
-    /// Throws FileError for a file that is missing or no compiled help file.
+    /// Throws FileError for a file that is missing, damaged or no compiled help file.
     explicit ChmFile(const QString &path);
     ~ChmFile();
 
@@ -26,25 +27,16 @@ public:
     /// matter. Nothing for a member that is missing, damaged or beyond 64 MB.
     std::optional<QByteArray> Read(const QString &member) const;
 
-    /// The number of members that can be read.
-    qsizetype Count() const { return members.size(); }
-
 private:
-    struct Member
-    {
-        quint64 start = 0;
-        quint64 length = 0;
-        int space = 0;
-    };
     struct Closer
     {
         void operator()(chmFile *file) const;
     };
 
-    void ListMembers();
-
+    // The file's own index is ordered by a rule that not every compiler keeps, so that CHMLib's
+    // search in it can miss members; we keep a list of our own.
+    ChmDirectory members;
     std::unique_ptr<chmFile, Closer> file;
-    QHash<QString, Member> members;
 };
 
 } // namespace Tesk

@@ -8,6 +8,8 @@
 #include "browser/PageScript.h"
 
 #include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
@@ -35,6 +37,27 @@ bool DiffersInFragmentOnly(const QUrl &left, const QUrl &right)
     return left != right &&
            left.adjusted(QUrl::RemoveFragment) == right.adjusted(QUrl::RemoveFragment);
 }
+
+/// Something to do from the event loop.
+class TaskEvent final : public QEvent
+{
+public:
+    explicit TaskEvent(const std::function<void()> &task)
+        : QEvent(TypeId())
+        , run(task)
+    {}
+
+    static Type TypeId()
+    {
+        static const int type = registerEventType();
+        return static_cast<Type>(type);
+    }
+
+    void Run() const { run(); }
+
+private:
+    std::function<void()> run;
+};
 
 } // namespace
 
@@ -65,13 +88,17 @@ WebBrowser::~WebBrowser() = default;
 
 void WebBrowser::Queue(const std::function<void()> &task)
 {
-    const auto run = [task] {
-        // An event loop that the task opens would sleep on the events posted before it, and the
-        // engine's next step is one of them: the page behind a dialog would freeze.
-        QAbstractEventDispatcher::instance()->wakeUp();
-        task();
-    };
-    QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
+    QCoreApplication::postEvent(this, new TaskEvent(task));
+}
+
+void WebBrowser::customEvent(QEvent *event)
+{
+    if (event->type() != TaskEvent::TypeId())
+        return;
+    // An event loop that the task opens would sleep on the events posted before it, and the
+    // engine's next step is one of them: the page behind a dialog would freeze.
+    QAbstractEventDispatcher::instance()->wakeUp();
+    static_cast<TaskEvent *>(event)->Run();
 }
 
 void WebBrowser::Navigate(const QString &address)

@@ -50,6 +50,9 @@ Q_SIGNALS:
     /// A page set its status text; equal texts in a row are all reported.
     void StatusTextChange(const QString &text);
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     struct Document
     {
