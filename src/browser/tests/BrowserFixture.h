@@ -88,7 +88,9 @@ public:
             *result = value;
             loop->quit();
         });
-        QTimer::singleShot(waitTime, loop.get(), &QEventLoop::quit);
+        QTimer timeout;
+        QObject::connect(&timeout, &QTimer::timeout, loop.get(), &QEventLoop::quit);
+        timeout.start(waitTime);
         loop->exec();
         return *result;
     }

@@ -37,7 +37,7 @@ private:
 
     QString Write(const QByteArray &bytes) const
     {
-        const QString name = folder.filePath(QStringLiteral("damaged.chm"));
+        QString name = folder.filePath(QStringLiteral("damaged.chm"));
         QFile file(name);
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("the test's file cannot be written");
