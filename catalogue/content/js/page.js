@@ -96,12 +96,26 @@
         root.style.setProperty('--current-page', `"${number}"`);
     }
 
+    // Each headline of the index gets a table body of its own, which the style sheets keep in one column.
+    function groupIndex() {
+        let group = null;
+        for (const row of document.querySelectorAll('.welcome #list tr')) {
+            if (row.querySelector('.navHeadline'))
+                group = row.closest('table').createTBody();
+            if (group)
+                group.append(row);
+        }
+        for (const emptied of document.querySelectorAll('.welcome #list tbody:empty'))
+            emptied.remove();
+    }
+
     document.addEventListener('DOMContentLoaded', () => {
         const list = document.getElementById('list');
         if (!list)
             return;
         new MutationObserver(() => {
             noteCurrentPage();
+            groupIndex();
             for (const cell of list.querySelectorAll('td[onclick]:nth-child(3)'))
                 cell.tabIndex = 0;
         }).observe(list, { childList: true });
