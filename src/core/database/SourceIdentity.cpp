@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <vector>
 
 namespace Tesk::Database {
 
@@ -58,7 +59,10 @@ QByteArray IdentityOf(const QString &fileName)
 
 quint64 HashOfContent(QIODevice &device, qint64 size)
 {
-    size_t hash = 0;
+    // Seeded with 0 throughout: with any other seed Qt adds one of its own that every process draws
+    // anew, and no program would know what another had kept.
+    constexpr size_t seed = 0;
+    std::vector<size_t> hashes;
     QByteArray chunk(std::min(size, ChunkSize), Qt::Uninitialized);
     while (size > 0) {
         const qint64 count = device.read(chunk.data(), std::min<qint64>(size, chunk.size()));
@@ -66,10 +70,10 @@ quint64 HashOfContent(QIODevice &device, qint64 size)
             throw FileError(device.errorString());
         if (count == 0)
             break;
-        hash = qHashBits(chunk.constData(), static_cast<size_t>(count), hash);
+        hashes.push_back(qHashBits(chunk.constData(), static_cast<size_t>(count), seed));
         size -= count;
     }
-    return hash;
+    return qHashBits(hashes.data(), hashes.size() * sizeof(size_t), seed);
 }
 
 quint64 HashOf(QByteArrayView bytes)

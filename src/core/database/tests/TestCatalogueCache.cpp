@@ -6,11 +6,13 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <atomic>
+#include <iostream>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -28,6 +30,9 @@ Version2Table TableOf(const QByteArray &text)
 {
     return {"CREATE TABLE a (x TEXT)", "a", {{text}}};
 }
+
+/// The program's argument that makes it tell what a cache holds for a file.
+const QString FindKeptCommand = QStringLiteral("find-kept");
 
 QString Answer(const SQLiteWrapper &database)
 {
@@ -53,9 +58,15 @@ class TestCatalogueCache : public QObject
 {
     Q_OBJECT
 
+public:
+    explicit TestCatalogueCache(const QString &program)
+        : programName(program)
+    {}
+
 private Q_SLOTS:
     void init();
     void testImportIsKeptAndUsedAgain();
+    void testLargeImportIsKnownToAnotherProgram();
     void testKeptFileHoldsTheAnswers();
     void testChangedSourceIsReadAnew();
     void testChangeThatKeepsSizeAndTimeIsNoticed();
@@ -80,6 +91,7 @@ private:
     QString KeptFile() const { return QDir(CacheFolder()).filePath(Kept().value(0)); }
     QString OpenedAnswer() const;
 
+    QString programName;
     std::unique_ptr<QTemporaryDir> folder;
 };
 
@@ -105,6 +117,21 @@ void TestCatalogueCache::testImportIsKeptAndUsedAgain()
     QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
     QCOMPARE(Kept().size(), 1);
     QCOMPARE(ModifiedTime(KeptFile()), before);
+}
+
+void TestCatalogueCache::testLargeImportIsKnownToAnotherProgram()
+{
+    // Qt's hashes may depend on a random number that each program draws for itself.
+    const QByteArray content(3 << 20, 'x');
+    WriteBytes(Source(), content);
+    const CatalogueCache cache(CacheFolder());
+    const QString kept = cache.Store(Source(), IdentityOf(Source()), content);
+    QVERIFY(!kept.isEmpty());
+
+    QProcess other;
+    other.start(programName, {FindKeptCommand, Source(), CacheFolder()});
+    QVERIFY2(other.waitForFinished(), qPrintable(other.errorString()));
+    QCOMPARE(QString::fromUtf8(other.readAllStandardOutput()), kept);
 }
 
 void TestCatalogueCache::testKeptFileHoldsTheAnswers()
@@ -310,5 +337,16 @@ void TestCatalogueCache::testLeftoversOfAnEndedProgramGo()
     QVERIFY(QFile::exists(youngLeftover));
 }
 
-QTEST_APPLESS_MAIN(TestCatalogueCache)
+int main(int argc, char *argv[])
+{
+    if (argc == 4 && QString::fromLocal8Bit(argv[1]) == FindKeptCommand) {
+        const QString source = QFile::decodeName(argv[2]);
+        const CatalogueCache cache(QFile::decodeName(argv[3]));
+        std::cout << cache.Find(source, IdentityOf(source)).toStdString();
+        return 0;
+    }
+    TestCatalogueCache test(QFile::decodeName(argv[0]));
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "TestCatalogueCache.moc"
