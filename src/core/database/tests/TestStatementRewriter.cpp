@@ -165,6 +165,10 @@ private Q_SLOTS:
             " (unlikely(p.artNr LIKE '%a%'))  AND (unlikely(p.artNr LIKE '%b%')) ");
         add("ID='1' and artNr like 'a' and length='2'",
             "ID='1' and unlikely(artNr like 'a') and length='2'");
+        add("length between (1 and 2) and 3 and artNr like 'a'",
+            "length between (1 and 2) and 3 and unlikely(artNr like 'a')");
+        keep("length between '1' and artNr like 'a'"); // (length between '1' and artNr) like 'a'
+        keep("(length between ('1') and artNr like 'a')");
         keep("artNr not like 'a'");
         keep("artNr like 'a' escape 'b'");
         keep("artNr like 'a'||'b'");
