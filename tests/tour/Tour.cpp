@@ -7,9 +7,11 @@
 #include "ui/main/CategoryTreeView.h"
 #include "ui/main/HeaderBand.h"
 #include "ui/main/PageProtocol.h"
+#include "ui/main/controls/NavLeft.h"
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabWidget>
@@ -48,6 +50,7 @@ QStringList Tour::Take()
     Set();
     Inch();
     OtherLanguages();
+    Search();
     return failures;
 }
 
@@ -174,6 +177,8 @@ void Tour::DataSheet()
         Check(catalogue.WaitForFilledPage(QStringLiteral("product_details.html?id=") +
                                           rows.Text(row, 0)),
               QStringLiteral("details of a product with a data sheet"));
+        Check(catalogue.WaitFor(QStringLiteral("product_details"), AllPicturesAreShown),
+              QStringLiteral("the data sheet's symbol"));
         SavePicture(QStringLiteral("details-with-data-sheet"));
         Check(catalogue.Click(QStringLiteral("a[href$='.pdf']")),
               QStringLiteral("data sheet link"));
@@ -233,6 +238,29 @@ void Tour::OtherLanguages()
     catalogue.Window().GoHome();
     Check(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")), QStringLiteral("home"));
     SavePicture(QStringLiteral("welcome-it"));
+}
+
+void Tour::Search()
+{
+    QTest::mouseClick(catalogue.Window().header->btnLang[1], Qt::LeftButton);
+    HeaderBand *const header = catalogue.Window().header;
+    header->tbFastSearchText->setFocus();
+    QTest::keyClicks(header->tbFastSearchText, QStringLiteral("needle holder"));
+    QTest::keyClick(header->tbFastSearchText, Qt::Key_Return);
+    Check(WaitUntil([this] {
+              return Shows(QStringLiteral("caption"), QStringLiteral("Search results"));
+          }),
+          QStringLiteral("the search shows its results"));
+    Check(Shows(QStringLiteral("list"), QStringLiteral("needle holder")),
+          QStringLiteral("the search finds needle holders"));
+    SavePicture(QStringLiteral("search-results"));
+    Q_EMIT catalogue.Window().ucNavLeft->OnCategorySelect(QStringLiteral("searchDetail"));
+    Check(catalogue.Window().tabMain->currentIndex() == frmCatalog::SearchTab,
+          QStringLiteral("the detail search"));
+    SavePicture(QStringLiteral("detail-search"));
+    catalogue.Window().GoBack();
+    Check(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")),
+          QStringLiteral("the way back leads to the page before"));
 }
 
 void Tour::Check(bool isRight, const QString &what)

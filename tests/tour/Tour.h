@@ -29,6 +29,7 @@ private:
     void Inch();
     void AddToCart();
     void OtherLanguages();
+    void Search();
     void ShowCategoryTree();
 
     void Check(bool isRight, const QString &what);

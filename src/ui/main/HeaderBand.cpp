@@ -14,7 +14,7 @@ namespace Tesk {
 namespace {
 
 constexpr int BandHeight = 60; // pixels
-constexpr int SideMargin = 16; // pixels
+constexpr int SideMargin = 12; // pixels
 
 // The captions that stand until the texts of the current language are applied.
 const std::array<QString, HeaderBand::LanguageCount> LanguageCaptions{
@@ -24,7 +24,7 @@ const std::array<QString, HeaderBand::LanguageCount> LanguageCaptions{
 QString FlatButtonStyle()
 {
     return QStringLiteral("QPushButton { border: 1px solid transparent; border-radius: 3px;"
-                          " padding: 4px 8px; background: %1; color: %2; }"
+                          " padding: 4px 5px; background: %1; color: %2; }"
                           "QPushButton:hover { text-decoration: underline; }"
                           "QPushButton:focus { border-color: %3; }"
                           "QPushButton:checked { background: %4; }")
@@ -35,7 +35,7 @@ QString FlatButtonStyle()
 QString MainButtonStyle()
 {
     return QStringLiteral("QPushButton { border: 1px solid %1; border-radius: 3px; color: %2;"
-                          " padding: 5px 14px; background: %1; font-weight: bold; }"
+                          " padding: 5px 12px; background: %1; font-weight: bold; }"
                           "QPushButton:hover, QPushButton:focus { border-color: %3; }"
                           "QPushButton:disabled { background: %4; border-color: %4; }")
         .arg(Colours::Band.name(), Colours::Ground.name(), Colours::Text.name(),
@@ -55,12 +55,12 @@ HeaderBand::HeaderBand(QWidget *parent)
 
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(SideMargin, 0, SideMargin, 0);
-    layout->setSpacing(4);
+    layout->setSpacing(3);
 
     imgLogo = new LogoButton(this);
     imgLogo->setObjectName(QStringLiteral("imgLogo"));
     layout->addWidget(imgLogo);
-    layout->addSpacing(12);
+    layout->addSpacing(8);
 
     for (size_t i = 0; i < btnLang.size(); ++i) {
         btnLang[i] = AddFlatButton(QStringLiteral("btnLang%1").arg(i), LanguageCaptions[i]);
@@ -73,11 +73,11 @@ HeaderBand::HeaderBand(QWidget *parent)
     cbUnitSelection->setObjectName(QStringLiteral("cbUnitSelection"));
     cbUnitSelection->addItems({QString(), QString()});
     layout->addWidget(cbUnitSelection);
-    layout->addSpacing(8);
+    layout->addSpacing(4);
 
     tbFastSearchText = new QLineEdit(this);
     tbFastSearchText->setObjectName(QStringLiteral("tbFastSearchText"));
-    tbFastSearchText->setMinimumWidth(100);
+    tbFastSearchText->setMinimumWidth(80);
     tbFastSearchText->setMaximumWidth(230);
     layout->addWidget(tbFastSearchText, 4);
 

@@ -11,7 +11,7 @@ namespace {
 
 const QString FirstWord = QStringLiteral("tesk ");
 const QString SecondWord = QStringLiteral("instruments");
-constexpr int WordHeight = 21; // pixels
+constexpr int WordHeight = 20; // pixels
 constexpr int FocusMargin = 3; // pixels around the words
 
 } // namespace

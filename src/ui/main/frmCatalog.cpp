@@ -31,6 +31,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -56,6 +57,18 @@ const QString SearchDetailEntry = QStringLiteral("SearchDetail");
 constexpr QSize PreferredSize{1280, 800}; // pixels
 constexpr QSize LeastSize{800, 560};      // pixels
 constexpr int LineHeight = 2;             // pixels
+
+/// Flat tabs with the leading colour at the current one's edge, in the desktop's own text colours.
+QString TabStyle()
+{
+    return QStringLiteral("QTabBar::tab { padding: 7px 14px; border: 0;"
+                          " border-top: 2px solid transparent; }"
+                          "QTabBar::tab:selected { border-top-color: %1;"
+                          " background: palette(base); }"
+                          "QTabBar::tab:hover:!selected { background: palette(midlight); }"
+                          "QTabBar::tab:focus { text-decoration: underline; }")
+        .arg(Colours::Band.name());
+}
 
 } // namespace
 
@@ -118,6 +131,7 @@ void frmCatalog::BuildLayout(QWebEngineProfile *profile)
     tabMain = new QTabWidget(ground);
     tabMain->setObjectName(QStringLiteral("tabMain"));
     tabMain->setDocumentMode(true);
+    tabMain->tabBar()->setStyleSheet(TabStyle());
     wbMain = new WebBrowser(profile, tabMain);
     wbMain->setObjectName(QStringLiteral("wbMain"));
     tabMain->addTab(wbMain, QStringLiteral("Produkte"));
@@ -196,6 +210,7 @@ QString frmCatalog::Load()
     MarkCurrentLanguage();
     const QString priceListMessage = controller.Prices().LoadPriceListAtStart();
     GoHome();
+    wbMain->setFocus();
     return priceListMessage;
 }
 
