@@ -1,5 +1,6 @@
 #include "core/database/Comparisons.h"
 
+#include "core/database/BetweenBounds.h"
 #include "core/database/Collations.h"
 
 #include <algorithm>
@@ -137,7 +138,8 @@ Operand ComparisonFinder::OperandAt(size_t index) const
 bool ComparisonFinder::BeginsComparison(size_t index) const
 {
     const SqlToken &before = tokens[index - 1];
-    return before.IsSymbol("(") || before.IsSymbol(",") || before.IsAnyWord(WordsBefore);
+    return before.IsSymbol("(") || before.IsSymbol(",") ||
+           (before.IsAnyWord(WordsBefore) && !IsAndOfBetween(tokens, index - 1));
 }
 
 bool ComparisonFinder::EndsComparison(size_t index) const

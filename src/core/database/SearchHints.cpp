@@ -1,5 +1,7 @@
 #include "core/database/SearchHints.h"
 
+#include "core/database/BetweenBounds.h"
+
 namespace Tesk::Database {
 
 namespace {
@@ -11,27 +13,11 @@ size_t BeginOfColumn(const SqlTokens &tokens, size_t index)
     return isQualified ? index - 3 : index - 1;
 }
 
-/// Whether the AND at `index` parts the bounds of a BETWEEN.
-bool IsOfBetween(size_t index, TokenRange where, const SqlTokens &tokens)
-{
-    const int depth = tokens[index].depth;
-    for (size_t before = index; before-- > where.begin && tokens[before].depth >= depth;) {
-        if (tokens[before].depth > depth)
-            continue;
-        if (tokens[before].IsWord("BETWEEN"))
-            return true;
-        if (tokens[before].IsWord("AND") || tokens[before].IsWord("OR"))
-            return false;
-    }
-    return false;
-}
-
 /// Whether the tokens are a condition by itself: inside brackets, or between AND and AND.
 bool StandsAlone(TokenRange condition, const SelectOutline &select, const SqlTokens &tokens)
 {
     const SqlToken &before = tokens[condition.begin - 1];
-    const bool followsAnd =
-        before.IsWord("AND") && !IsOfBetween(condition.begin - 1, select.where, tokens);
+    const bool followsAnd = before.IsWord("AND") && !IsAndOfBetween(tokens, condition.begin - 1);
     const bool begins = before.IsSymbol("(") || followsAnd || before.IsWord("WHERE");
     const bool ends = condition.end == select.where.end || tokens[condition.end].IsSymbol(")") ||
                       tokens[condition.end].IsWord("AND");

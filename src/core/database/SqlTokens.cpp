@@ -37,8 +37,7 @@ public:
         : sql(text)
     {}
 
-    /// False behind an open comment.
-    bool SkipBlanks();
+    void SkipBlanks();
     bool AtEnd() const { return position == sql.size(); }
     std::optional<SqlToken> Next();
 
@@ -54,7 +53,7 @@ private:
     qsizetype position = 0;
 };
 
-bool Scanner::SkipBlanks()
+void Scanner::SkipBlanks()
 {
     while (!AtEnd()) {
         if (IsBlank(At(position))) {
@@ -62,16 +61,14 @@ bool Scanner::SkipBlanks()
         } else if (At(position) == '-' && At(position + 1) == '-') {
             const qsizetype end = sql.indexOf('\n', position);
             position = end < 0 ? sql.size() : end;
-        } else if (At(position) == '/' && At(position + 1) == '*') {
+        } else if (At(position) == '/' && At(position + 1) == '*' && position + 2 < sql.size()) {
+            // Without its end the comment reaches to that of the text.
             const qsizetype end = sql.indexOf("*/", position + 2);
-            if (end < 0)
-                return false;
-            position = end + 2;
+            position = end < 0 ? sql.size() : end + 2;
         } else {
             break;
         }
     }
-    return true;
 }
 
 std::optional<SqlToken> Scanner::Take(Kind kind, qsizetype end)
@@ -176,9 +173,7 @@ std::optional<SqlTokens> FirstStatement(const QByteArray &sql)
     Scanner scanner(sql);
     SqlTokens tokens;
     int depth = 0;
-    while (scanner.SkipBlanks()) {
-        if (scanner.AtEnd())
-            return depth == 0 ? std::optional(tokens) : std::nullopt;
+    for (scanner.SkipBlanks(); !scanner.AtEnd(); scanner.SkipBlanks()) {
         std::optional<SqlToken> token = scanner.Next();
         if (!token)
             return std::nullopt;
@@ -195,7 +190,7 @@ std::optional<SqlTokens> FirstStatement(const QByteArray &sql)
             return std::nullopt;
         tokens.push_back(*token);
     }
-    return std::nullopt;
+    return depth == 0 ? std::optional(tokens) : std::nullopt;
 }
 
 } // namespace Tesk::Database

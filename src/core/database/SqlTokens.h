@@ -32,8 +32,8 @@ struct SqlToken
 using SqlTokens = std::vector<SqlToken>;
 
 /// The tokens of the text's first statement that is not empty, its closing ";" left out. Nothing
-/// for a text that is not well formed: an open string or comment, brackets that do not match, a
-/// stray character. The tokens point into `sql`.
+/// for a text that is not well formed: an open string, brackets that do not match, a stray
+/// character. The tokens point into `sql`.
 std::optional<SqlTokens> FirstStatement(const QByteArray &sql);
 
 } // namespace Tesk::Database

@@ -30,6 +30,8 @@ private Q_SLOTS:
     void testProduct();
     void testFindsByLengthWhateverItsSpelling();
     void testSearchTextHoldsKeywords();
+    void testSearchTextCutsTheStatementShort_data();
+    void testSearchTextCutsTheStatementShort();
     void testReferenceNumbers();
 
 private:
@@ -121,6 +123,24 @@ void TestOtherCatalogues::testSearchTextHoldsKeywords()
     // Tabs, because blanks part the words of a description.
     QCOMPARE(idsOf("x%')\tor\t(l.name\tlike\t'%schere"),
              (QStringList{Text("13"), Text("12"), Text("007")}));
+}
+
+void TestOtherCatalogues::testSearchTextCutsTheStatementShort_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("comment to the end of the line") << Text("A'--");
+    QTest::newRow("open comment") << Text("A'/*");
+    QTest::newRow("next statement") << Text("A'; nonsense");
+}
+
+void TestOtherCatalogues::testSearchTextCutsTheStatementShort()
+{
+    QFETCH(QString, text);
+    QCOMPARE(queries.SearchByArtNr(text).UpperRow(), -1); // none ends in A
+    const ResultTable table = queries.SearchByArtNr(QString(text).replace(Text("A"), Text("%")));
+    QCOMPARE(NamesOf(table).value(3), Text("p.artNr"));
+    // The order by article numbers is cut off: that of the table stands.
+    QCOMPARE(ColumnOf(table, 3), (QStringList{Text("B 2"), Text("B 10"), Text("A 1")}));
 }
 
 void TestOtherCatalogues::testReferenceNumbers()

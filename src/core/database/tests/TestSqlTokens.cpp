@@ -48,7 +48,9 @@ private Q_SLOTS:
         add("semicolon in a text", "select ';' ; x", "select~';'");
         add("nothing", "  -- only a comment", "");
         add("open text", "select 'abc", "malformed");
-        add("open comment", "select /* abc", "malformed");
+        add("open comment", "select /* abc", "select");
+        add("open comment after a bracket", "select ( /* abc", "malformed");
+        add("comment sign at the end", "select /*", "select~/~*");
         add("open name", "select [abc", "malformed");
         add("open bracket", "select (1", "malformed");
         add("closed too often", "select 1)", "malformed");

@@ -125,6 +125,7 @@ private Q_SLOTS:
         keep("artNr=7 collate nocase");
         keep("artNr=.5");
         keep("artNr between 1 and length=7");
+        keep("length+0 between 1 and artNr=7"); // (length+0 between 1 and artNr)=7
         keep("artNr between 'a' and 'b'");
         keep("artNr like 7");
         keep("artNr is 7");
