@@ -186,10 +186,30 @@ void Tour::DataSheet()
                   return catalogue.Window().wbMain->Address().endsWith(QLatin1String(".pdf"));
               }),
               QStringLiteral("the data sheet opens"));
+        Check(WaitUntil([this] { return IsPaperShown(); }),
+              QStringLiteral("the data sheet is drawn"));
         SavePicture(QStringLiteral("data-sheet"));
         return;
     }
     Check(false, QStringLiteral("one of the list's products has a data sheet"));
+}
+
+// The viewer's ground is dark, the sheet white.
+bool Tour::IsPaperShown()
+{
+    const QImage picture = catalogue.Window().wbMain->grab().toImage();
+    constexpr int step = 8; // pixels
+    constexpr int light = 240;
+    int looked = 0;
+    int white = 0;
+    for (int y = 0; y < picture.height(); y += step) {
+        for (int x = 0; x < picture.width(); x += step) {
+            ++looked;
+            if (qGray(picture.pixel(x, y)) > light)
+                ++white;
+        }
+    }
+    return white > looked / 5;
 }
 
 void Tour::Set()

@@ -35,6 +35,8 @@ private:
     void Check(bool isRight, const QString &what);
     /// Whether the page's element shows the text.
     bool Shows(const QString &elementId, const QString &text);
+    /// Whether a fifth of the browser is white: a data sheet's paper.
+    bool IsPaperShown();
     void SavePicture(const QString &step);
     void SavePicture(const QString &step, QWidget *picture);
     /// Selects the category of this title path in the tree, as the user would.
