@@ -39,7 +39,7 @@ void CartRequest::AskAndAdd(const QString &id)
                                 ? controller.GetText(QStringLiteral("ucShoppingCartAddSuccess1"))
                                 : controller.GetText(QStringLiteral("ucShoppingCartAddSuccess2"))
                                       .replace(QLatin1String("{0}"), QString::number(amount));
-    QMessageBox box(QMessageBox::Information, QString(), message, QMessageBox::Ok, owner);
+    QMessageBox box(QMessageBox::NoIcon, QString(), message, QMessageBox::Ok, owner);
     box.exec();
 }
 

@@ -4,17 +4,31 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyledItemDelegate>
 
 namespace Tesk {
 
 namespace {
 
 constexpr int NodeRole = Qt::UserRole;
+constexpr int RowPadding = 8; // pixels
 
 const CategoryNode *NodeOf(const QTreeWidgetItem *item)
 {
     return static_cast<const CategoryNode *>(item->data(0, NodeRole).value<void *>());
 }
+
+/// Gives the rows room to be read and hit.
+class RoomyDelegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, RowPadding);
+    }
+};
 
 } // namespace
 
@@ -22,6 +36,7 @@ CategoryTreeView::CategoryTreeView(QWidget *parent)
     : QTreeWidget(parent)
 {
     setHeaderHidden(true);
+    setItemDelegate(new RoomyDelegate(this));
     setColumnCount(1);
     setUniformRowHeights(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);

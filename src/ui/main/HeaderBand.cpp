@@ -13,13 +13,26 @@ namespace Tesk {
 
 namespace {
 
-constexpr int BandHeight = 60; // pixels
-constexpr int SideMargin = 12; // pixels
+constexpr int BandHeight = 60;    // pixels
+constexpr int ControlHeight = 28; // pixels
+constexpr int SideMargin = 12;    // pixels
 
 // The captions that stand until the texts of the current language are applied.
 const std::array<QString, HeaderBand::LanguageCount> LanguageCaptions{
     QStringLiteral("deutsch"), QStringLiteral("english"), QStringLiteral("français"),
     QStringLiteral("espanol"), QStringLiteral("italiano")};
+
+/// The band is white in every desktop scheme, and so its controls are light ones.
+QPalette LightPalette()
+{
+    QPalette light(Colours::Control, Colours::Ground);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        light.setColor(role, Colours::Text);
+    light.setColor(QPalette::Base, Colours::Ground);
+    light.setColor(QPalette::PlaceholderText, Colours::Secondary);
+    return light;
+}
 
 QString FlatButtonStyle()
 {
@@ -48,9 +61,7 @@ HeaderBand::HeaderBand(QWidget *parent)
     : QWidget(parent)
 {
     setAutoFillBackground(true);
-    QPalette bandPalette = palette();
-    bandPalette.setColor(backgroundRole(), Colours::Ground);
-    setPalette(bandPalette);
+    setPalette(LightPalette());
     setFixedHeight(BandHeight);
 
     auto *const layout = new QHBoxLayout(this);
@@ -91,8 +102,12 @@ HeaderBand::HeaderBand(QWidget *parent)
     btnFastSearch->setStyleSheet(MainButtonStyle());
     layout->addWidget(btnFastSearch);
 
+    tbFastSearchText->setTextMargins(4, 0, 4, 0);
     for (QComboBox *const box : {cbUnitSelection, cbFastSearchType})
         box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    for (QWidget *const control : std::initializer_list<QWidget *>{
+             cbUnitSelection, tbFastSearchText, cbFastSearchType, btnFastSearch})
+        control->setMinimumHeight(ControlHeight);
 }
 
 QPushButton *HeaderBand::AddFlatButton(const QString &name, const QString &caption)

@@ -31,7 +31,6 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
-#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -61,7 +60,8 @@ constexpr int LineHeight = 2;             // pixels
 /// Flat tabs with the leading colour at the current one's edge, in the desktop's own text colours.
 QString TabStyle()
 {
-    return QStringLiteral("QTabBar::tab { padding: 7px 14px; border: 0;"
+    return QStringLiteral("QTabWidget::tab-bar { left: 12px; }"
+                          "QTabBar::tab { padding: 7px 14px; border: 0;"
                           " border-top: 2px solid transparent; }"
                           "QTabBar::tab:selected { border-top-color: %1;"
                           " background: palette(base); }"
@@ -131,7 +131,7 @@ void frmCatalog::BuildLayout(QWebEngineProfile *profile)
     tabMain = new QTabWidget(ground);
     tabMain->setObjectName(QStringLiteral("tabMain"));
     tabMain->setDocumentMode(true);
-    tabMain->tabBar()->setStyleSheet(TabStyle());
+    tabMain->setStyleSheet(TabStyle());
     wbMain = new WebBrowser(profile, tabMain);
     wbMain->setObjectName(QStringLiteral("wbMain"));
     tabMain->addTab(wbMain, QStringLiteral("Produkte"));

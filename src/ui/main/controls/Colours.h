@@ -14,6 +14,8 @@ inline constexpr QColor Line(227, 227, 227);
 inline constexpr QColor FocusOnGround(31, 35, 38);
 inline constexpr QColor Text(31, 35, 38);
 inline constexpr QColor Secondary(107, 114, 120);
+/// Of buttons and lists on the white band.
+inline constexpr QColor Control(245, 245, 245);
 /// Of the current language's label.
 inline constexpr QColor CurrentLanguage(0xE0, 0xE0, 0xE0);
 

@@ -83,6 +83,7 @@ void NavLeft::Initialize(const CategoryTree &tree)
         entry->installEventFilter(this);
     ClearMark();
     SetTabStop(0);
+    area->verticalScrollBar()->setValue(0);
 }
 
 void NavLeft::FitWidth()
