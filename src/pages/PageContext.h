@@ -5,8 +5,8 @@
 namespace Tesk {
 
 /// What a page needs of the running program besides its rows: texts, addresses, prices, documents.
-/// Names and results are those of the Controller; in addresses, the signs that would end a path or a
-/// text in a page are percent-encoded.
+/// Names and results are those of the Controller; in addresses, the signs that would end a path or
+/// a text in a page are percent-encoded.
 class PageContext
 {
 public:
