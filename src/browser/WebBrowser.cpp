@@ -6,10 +6,10 @@
 #include "browser/LocalPage.h"
 #include "browser/Log.h"
 #include "browser/PageScript.h"
+#include "browser/TaskEvent.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
-#include <QEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
@@ -37,27 +37,6 @@ bool DiffersInFragmentOnly(const QUrl &left, const QUrl &right)
     return left != right &&
            left.adjusted(QUrl::RemoveFragment) == right.adjusted(QUrl::RemoveFragment);
 }
-
-/// Something to do from the event loop.
-class TaskEvent final : public QEvent
-{
-public:
-    explicit TaskEvent(const std::function<void()> &task)
-        : QEvent(TypeId())
-        , run(task)
-    {}
-
-    static Type TypeId()
-    {
-        static const int type = registerEventType();
-        return static_cast<Type>(type);
-    }
-
-    void Run() const { run(); }
-
-private:
-    std::function<void()> run;
-};
 
 } // namespace
 
@@ -203,19 +182,23 @@ void WebBrowser::Apply(const QList<ElementChange> &changes)
 {
     RunScript(PageScript::ForChanges(reported.id, changes),
               [this, changes, address = Address()](const QVariant &result) {
-                  ReportChanges(result.toInt(), changes, address);
+                  ReportChanges(result, changes, address);
               });
 }
 
-void WebBrowser::ReportChanges(int result, const QList<ElementChange> &changes,
+void WebBrowser::ReportChanges(const QVariant &result, const QList<ElementChange> &changes,
                                const QString &address)
 {
-    if (result == PageScript::otherDocument) {
+    bool isNumber = false;
+    const int number = result.toInt(&isNumber);
+    if (!isNumber) {
+        qCWarning(browserLog, "changes for %ls: the page gave no answer", qUtf16Printable(address));
+    } else if (number == PageScript::otherDocument) {
         qCWarning(browserLog, "changes for %ls dropped: the page has moved on",
                   qUtf16Printable(address));
-    } else if (result >= 0 && result < changes.size()) {
+    } else if (number >= 0 && number < changes.size()) {
         qCWarning(browserLog, "%ls has no element \"%ls\": this and later changes dropped",
-                  qUtf16Printable(address), qUtf16Printable(changes.at(result).id));
+                  qUtf16Printable(address), qUtf16Printable(changes.at(number).id));
     }
 }
 

@@ -66,7 +66,8 @@ private:
     void Complete(const QUrl &url);
     void ShowFailure(const QUrl &url, const QString &reason);
     void ReportStatusText(const QString &text);
-    void ReportChanges(int result, const QList<ElementChange> &changes, const QString &address);
+    void ReportChanges(const QVariant &result, const QList<ElementChange> &changes,
+                       const QString &address);
     /// Runs `task` from the event loop, after everything that was queued before.
     void Queue(const std::function<void()> &task);
 

@@ -78,13 +78,13 @@ private Q_SLOTS:
 
     void testMissingFileIsReported()
     {
-        QVERIFY_EXCEPTION_THROWN(ChmFile(QStringLiteral("/nowhere/resources.chm")), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, ChmFile(QStringLiteral("/nowhere/resources.chm")));
     }
 
     void testForeignFileIsReported()
     {
-        QVERIFY_EXCEPTION_THROWN(ChmFile(QStringLiteral(TEST_DATA_DIR "/container/resources.hhp")),
-                                 FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError,
+                                 ChmFile(QStringLiteral(TEST_DATA_DIR "/container/resources.hhp")));
     }
 
     void testTruncatedFileGivesWholeMembersOrNone()
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QVERIFY(leaf > 0);
         // The first block names itself as the next one.
         damaged.replace(leaf + 0x10, 4, QByteArray(4, '\0'));
-        QVERIFY_EXCEPTION_THROWN(ChmFile(Write(damaged)), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, ChmFile(Write(damaged)));
     }
 
     void testCompressionWithoutAWindowIsReported()
@@ -143,7 +143,7 @@ private Q_SLOTS:
         const qsizetype control = damaged.indexOf("LZXC");
         QVERIFY(control > 0);
         damaged.replace(control + 0x0C, 4, QByteArray(4, '\0'));
-        QVERIFY_EXCEPTION_THROWN(ChmFile(Write(damaged)), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, ChmFile(Write(damaged)));
     }
 };
 
