@@ -103,11 +103,14 @@ void WebBrowser::OnLoading(const QWebEngineLoadingInfo &info)
     case QWebEngineLoadingInfo::LoadStoppedStatus:
         // A jump asked for during the load ended it.
         OnUrlChanged(page->url());
+        ReportEndedLoad(info.url());
         break;
     case QWebEngineLoadingInfo::LoadFailedStatus:
         // The gate refused and said so; the page that asked stays.
-        if (info.errorCode() == blockedByClient)
+        if (info.errorCode() == blockedByClient) {
+            ReportEndedLoad(info.url());
             break;
+        }
         ShowFailure(info.url(),
                     info.errorCode() == fileNotFound
                         ? QStringLiteral("Its file is missing.")
@@ -147,6 +150,16 @@ void WebBrowser::ShowFailure(const QUrl &url, const QString &reason)
             return;
         reported = {};
         page->setHtml(FailurePage(address, reason));
+        Q_EMIT LoadFailed(address);
+    });
+}
+
+void WebBrowser::ReportEndedLoad(const QUrl &url)
+{
+    Queue([this, url, request = requests] {
+        // The load that takes this one's place ends on its own.
+        if (!isLoading && request == requests)
+            Q_EMIT LoadFailed(Address::FromUrl(url));
     });
 }
 

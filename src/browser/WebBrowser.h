@@ -47,6 +47,9 @@ public:
 Q_SIGNALS:
     /// The main frame finished loading, fragment jumps included. The address is percent-decoded.
     void DocumentComplete(const QString &address);
+    /// The load of the main frame has ended without a page, and nothing else is loading: the
+    /// address is missing, unreadable, refused or not a page, or the load was stopped.
+    void LoadFailed(const QString &address);
     /// A page set its status text; equal texts in a row are all reported.
     void StatusTextChange(const QString &text);
 
@@ -65,6 +68,7 @@ private:
     void OnTermination(QWebEnginePage::RenderProcessTerminationStatus status, int exitCode);
     void Complete(const QUrl &url);
     void ShowFailure(const QUrl &url, const QString &reason);
+    void ReportEndedLoad(const QUrl &url);
     void ReportStatusText(const QString &text);
     void ReportChanges(const QVariant &result, const QList<ElementChange> &changes,
                        const QString &address);

@@ -86,8 +86,11 @@ private:
         QVERIFY(OpenPlainPage());
         const LogCapture log;
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
+        QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
         browser.Navigate(address);
         QVERIFY(WaitForFailureMessage());
+        QCOMPARE(failed.count(), 1);
+        QCOMPARE(failed.first().first().toString(), address);
         QVERIFY(Text(QStringLiteral("document.body.innerText")).contains(address));
         QVERIFY(Text(QStringLiteral("document.body.innerText"))
                     .contains(QStringLiteral("Its file is missing.")));
@@ -126,6 +129,7 @@ private Q_SLOTS:
         QVERIFY(OpenPlainPage());
         const QString address = fixture.WritePage(QStringLiteral("next.html"), "<p>next</p>");
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
+        QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
         connect(
             browser.View()->page(), &QWebEnginePage::loadFinished, this,
             [this, address] { browser.Navigate(address); },
@@ -134,6 +138,45 @@ private Q_SLOTS:
         QVERIFY(complete.wait());
         QCOMPARE(complete.first().first().toString(), address);
         QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
+        QCOMPARE(failed.count(), 0);
+    }
+
+    void testRefusedAddressEndsTheLoad_data()
+    {
+        QTest::addColumn<QString>("address");
+        QTest::newRow("file elsewhere") << QStringLiteral("file:///etc/hostname");
+        QTest::newRow("network") << QStringLiteral("https://example.com/");
+        QTest::newRow("download") << fixture.Page(QStringLiteral("archive.zip"));
+    }
+
+    void testRefusedAddressEndsTheLoad()
+    {
+        QFETCH(const QString, address);
+        fixture.Write(QStringLiteral("content/archive.zip"), "PK\3\4");
+        QVERIFY(OpenPlainPage());
+        QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
+        browser.Navigate(address);
+        QVERIFY(failed.wait(BrowserFixture::waitTime));
+        QCOMPARE(failed.first().first().toString(), address);
+        QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("plain"));
+    }
+
+    void testOpeningTheSameAddressCompletesAgain_data()
+    {
+        QTest::addColumn<QString>("tail");
+        QTest::newRow("page") << QString();
+        QTest::newRow("query") << QStringLiteral("?id=7");
+        QTest::newRow("fragment") << QStringLiteral("#p");
+        QTest::newRow("query and fragment") << QStringLiteral("?id=7#p");
+    }
+
+    void testOpeningTheSameAddressCompletesAgain()
+    {
+        QFETCH(const QString, tail);
+        QVERIFY(OpenPlainPage());
+        const QString address = fixture.Page(QStringLiteral("plain.html")) + tail;
+        QVERIFY(fixture.Open(address));
+        QVERIFY(fixture.Open(address));
     }
 
     void testDataSheetShowsInside()

@@ -6,10 +6,17 @@ namespace Tesk::PageAddress {
 
 namespace {
 
+/// A jump inside a page leads to the same page: its fragment belongs to no parameter.
+QString WithoutFragment(const QString &parameters)
+{
+    const qsizetype fragment = parameters.lastIndexOf(u'#');
+    return fragment < 0 ? parameters : parameters.left(fragment);
+}
+
 QString Parameters(const QString &address)
 {
     const qsizetype question = address.lastIndexOf(u'?');
-    return question < 0 ? address : address.mid(question + 1);
+    return question < 0 ? address : WithoutFragment(address.mid(question + 1));
 }
 
 } // namespace
@@ -19,7 +26,7 @@ QString Id(const QString &address)
     const qsizetype equals = address.lastIndexOf(u'=');
     const qsizetype question = address.lastIndexOf(u'?');
     // A folder may have a "=" in its name; what follows is no parameter then.
-    return equals < 0 || equals < question ? address : address.mid(equals + 1);
+    return equals < 0 || equals < question ? address : WithoutFragment(address.mid(equals + 1));
 }
 
 qint16 FirstItem(const QString &address)

@@ -13,6 +13,7 @@
 #include "ui/main/history/NavigationHistory.h"
 
 #include <QLoggingCategory>
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -60,6 +61,12 @@ void PageProtocol::DocumentComplete(const QString &address)
     if (address.contains(CategoryPage)) {
         ArmLoader(CategoryElement, address);
     } else if (address.contains(ListPage)) {
+        // An address without a proper first item is reported and leaves the page unfilled.
+        LoaderTimer.stop();
+        const QScopeGuard pointerGuard([this] {
+            if (!LoaderTimer.isActive())
+                parts.pointer.SetDefault();
+        });
         firstItem = PageAddress::FirstItem(address);
         ArmLoader(ListElement, address);
     } else if (address.contains(DetailsPage)) {
@@ -74,6 +81,11 @@ void PageProtocol::DocumentComplete(const QString &address)
         LoaderTimer.stop();
         parts.pointer.SetDefault();
     }
+}
+
+void PageProtocol::LoadFailed()
+{
+    parts.pointer.SetDefault();
 }
 
 void PageProtocol::ArmLoader(const QString &elementId, const QString &address)

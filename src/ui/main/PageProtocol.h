@@ -58,6 +58,8 @@ public:
 public Q_SLOTS:
     /// The browser has completed the page at this address (percent-decoded).
     void DocumentComplete(const QString &address);
+    /// The browser could not load this address: nothing will be filled that puts the pointer right.
+    void LoadFailed();
 
 Q_SIGNALS:
     /// A fill has ended, successful or not. The welcome page is filled without an element of its

@@ -168,6 +168,7 @@ QWidget *frmCatalog::BuildCategoriesTab()
 void frmCatalog::ConnectControls()
 {
     connect(wbMain, &WebBrowser::DocumentComplete, protocol.get(), &PageProtocol::DocumentComplete);
+    connect(wbMain, &WebBrowser::LoadFailed, protocol.get(), &PageProtocol::LoadFailed);
     connect(wbMain, &WebBrowser::StatusTextChange, cartRequest, &CartRequest::StatusTextChange);
     connect(TreeViewCategories, &CategoryTreeView::NodeClick, this,
             &frmCatalog::TreeViewCategories_NodeClick);

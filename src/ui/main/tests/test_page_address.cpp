@@ -44,6 +44,14 @@ private Q_SLOTS:
         QCOMPARE(PageAddress::Id(address), QStringLiteral("7"));
     }
 
+    void testFragmentBelongsToNoParameter()
+    {
+        const QString address =
+            QStringLiteral("file:///a #1/content/product_list.html?firstItem=21&id=7#top");
+        QCOMPARE(PageAddress::Id(address), QStringLiteral("7"));
+        QCOMPARE(PageAddress::FirstItem(address), qint16(21));
+    }
+
     void testFirstItemMustBeA16BitNumber_data()
     {
         QTest::addColumn<QString>("address");

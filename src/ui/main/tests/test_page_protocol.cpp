@@ -1,3 +1,4 @@
+#include "base/Errors.h"
 #include "core/CategoryTree.h"
 #include "pages/HtmlBuilder.h"
 #include "support/RecordingDocument.h"
@@ -163,6 +164,29 @@ private Q_SLOTS:
         QTRY_COMPARE(filled->size(), 1);
         QCOMPARE(QApplication::overrideCursor(), nullptr);
         QVERIFY(document.changes.isEmpty());
+    }
+
+    void testJumpInsideAListFillsTheSameList()
+    {
+        host.currentNode = tree->FindByTag(QStringLiteral("2"));
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2#top"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(protocol->ProductRows().UpperRow(), 12);
+    }
+
+    void testFailedLoadPutsThePointerRight()
+    {
+        pointer.SetHourglass();
+        protocol->LoadFailed();
+        QCOMPARE(QApplication::overrideCursor(), nullptr);
+    }
+
+    void testListWithoutAProperFirstItemPutsThePointerRight()
+    {
+        pointer.SetHourglass();
+        QVERIFY_THROWS_EXCEPTION(ConversionError, protocol->DocumentComplete(
+                                                      Page("product_list.html?firstItem=x&id=2")));
+        QCOMPARE(QApplication::overrideCursor(), nullptr);
     }
 
     void testWelcomePageIsFilledAtOnce()
