@@ -146,7 +146,13 @@ void frmCatalog::BuildLayout(QWebEngineProfile *profile)
     menus->mInfo->setEnabled(false);
     pageColumn->addWidget(tabMain, 1);
     setCentralWidget(ground);
-    statusBar();
+
+    // A message of the bar itself would go as soon as the pointer passes over a menu.
+    lblStatus = new QLabel(this);
+    lblStatus->setObjectName(QStringLiteral("StatusBar"));
+    lblStatus->setTextFormat(Qt::PlainText);
+    lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addWidget(lblStatus, 1);
 }
 
 QWidget *frmCatalog::BuildCategoriesTab()
@@ -368,8 +374,8 @@ void frmCatalog::SetBreadcrumb(const QList<Crumb> &pairs)
 
 void frmCatalog::SetStatusText(const QString &text)
 {
-    statusBar()->showMessage(text.isEmpty() ? controller.GetText(QStringLiteral("defaultStatusBar"))
-                                            : text);
+    lblStatus->setText(text.isEmpty() ? controller.GetText(QStringLiteral("defaultStatusBar"))
+                                      : text);
 }
 
 void frmCatalog::SelectTab(Tab tab)

@@ -78,6 +78,7 @@ public:
     Breadcrumb *ucBreadcrumb = nullptr;
     ItemScroller *scroller = nullptr;
     SearchDetail *ucSearchDetail = nullptr;
+    QLabel *lblStatus = nullptr;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
