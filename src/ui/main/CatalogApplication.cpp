@@ -4,7 +4,7 @@
 
 #include <QLoggingCategory>
 #include <QMessageBox>
-#include <QScopedValueRollback>
+#include <QScopeGuard>
 #include <QTimer>
 
 namespace Tesk {
@@ -38,10 +38,13 @@ void CatalogApplication::ShowError(const QString &message)
     qCWarning(applicationLog).noquote() << message;
     if (isShowingError)
         return;
+    isShowingError = true;
     // The box runs an event loop of its own; it opens once the failed event has been left.
     QTimer::singleShot(0, this, [this, message] {
-        const QScopedValueRollback guard(isShowingError, true);
-        QMessageBox::critical(activeWindow(), QString(), message);
+        const QScopeGuard guard([this] { isShowingError = false; });
+        QMessageBox box(QMessageBox::Critical, QString(), message, QMessageBox::Ok, activeWindow());
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
     });
 }
 

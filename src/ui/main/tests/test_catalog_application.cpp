@@ -1,0 +1,104 @@
+#include "base/Errors.h"
+#include "ui/main/CatalogApplication.h"
+
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+#include <stdexcept>
+
+using namespace Tesk;
+
+namespace {
+
+const QString Message =
+    QStringLiteral("The list \"<b>a\" holds a number twice. Choose another list.");
+
+QStringList TextsOfOpenBoxes()
+{
+    QStringList texts;
+    for (const QWidget *widget : QApplication::topLevelWidgets()) {
+        const auto *box = qobject_cast<const QMessageBox *>(widget);
+        if (box != nullptr && box->isVisible())
+            texts << box->text();
+    }
+    return texts;
+}
+
+/// Reads the message boxes that open, which run an event loop of their own, and closes them.
+class BoxReader final : public QTimer
+{
+public:
+    BoxReader()
+    {
+        connect(this, &QTimer::timeout, this, [this] {
+            auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (box == nullptr)
+                return;
+            seen << TextsOfOpenBoxes();
+            isPlain = isPlain && box->textFormat() == Qt::PlainText;
+            QTest::keyClick(box, Qt::Key_Return);
+        });
+        start(10);
+    }
+
+    /// The texts of all boxes open at a time, one list for each box closed.
+    QList<QStringList> seen;
+    bool isPlain = true;
+};
+
+void ExpectLogLine(const QString &text)
+{
+    QTest::ignoreMessage(QtWarningMsg, qPrintable(text));
+}
+
+} // namespace
+
+/// Errors that no slot caught.
+class TestCatalogApplication final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void testErrorInASlotIsShownAndTheProgramGoesOn()
+    {
+        const BoxReader boxes;
+        for (int round = 1; round <= 2; ++round) {
+            ExpectLogLine(Message);
+            QTimer::singleShot(0, this, [] { throw DuplicateKeyError(Message); });
+            QTRY_COMPARE(boxes.seen.size(), round);
+            QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+        }
+        QCOMPARE(boxes.seen, QList<QStringList>({{Message}, {Message}}));
+        // A file's name may look like mark-up.
+        QVERIFY(boxes.isPlain);
+    }
+
+    void testForeignErrorIsShownToo()
+    {
+        const BoxReader boxes;
+        ExpectLogLine(QStringLiteral("no room left"));
+        QTimer::singleShot(0, this, [] { throw std::runtime_error("no room left"); });
+        QTRY_COMPARE(boxes.seen, QList<QStringList>({{QStringLiteral("no room left")}}));
+    }
+
+    void testErrorsAtATimeShowOneBox()
+    {
+        const BoxReader boxes;
+        ExpectLogLine(Message);
+        ExpectLogLine(QStringLiteral("second"));
+        QTimer::singleShot(0, this, [] { throw DuplicateKeyError(Message); });
+        QTimer::singleShot(0, this, [] { throw DuplicateKeyError(QStringLiteral("second")); });
+        QTRY_VERIFY(!boxes.seen.isEmpty());
+        QTRY_VERIFY(TextsOfOpenBoxes().isEmpty());
+        QCOMPARE(boxes.seen, QList<QStringList>({{Message}}));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    CatalogApplication application(argc, argv);
+    TestCatalogApplication test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "test_catalog_application.moc"
