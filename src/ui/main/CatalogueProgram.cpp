@@ -1,0 +1,57 @@
+#include "ui/main/CatalogueProgram.h"
+
+#include "base/Errors.h"
+#include "browser/LocalProfile.h"
+#include "core/Controller.h"
+#include "core/Registry.h"
+#include "ui/main/frmCatalog.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace Tesk {
+
+namespace {
+
+void ShowStartupError(const QString &message)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(message));
+    QMessageBox box(QMessageBox::Critical, QString(), message);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+} // namespace
+
+int RunCatalogue(const QString &applicationDirectory, const QString &settingsFile,
+                 const QString &cacheFolder)
+{
+    Registry registry(settingsFile);
+    Controller controller(applicationDirectory, registry, cacheFolder);
+    // Lives longer than the window, whose pages use the profile.
+    QObject profileOwner;
+    QWebEngineProfile *const profile = CreateLocalProfile(applicationDirectory + QDir::separator() +
+                                                              QLatin1String("resources.chm"),
+                                                          applicationDirectory, &profileOwner);
+    frmCatalog window(controller, profile);
+    try {
+        const QString message = window.Load();
+        window.show();
+        if (!message.isEmpty())
+            QTimer::singleShot(0, &window, [&window, message] {
+                QMessageBox(QMessageBox::Warning, QString(), message, QMessageBox::Ok, &window)
+                    .exec();
+            });
+    } catch (const CatalogueError &error) {
+        ShowStartupError(error.Message());
+        return EXIT_FAILURE;
+    }
+    return QApplication::exec();
+}
+
+} // namespace Tesk
