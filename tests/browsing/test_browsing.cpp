@@ -13,7 +13,9 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -278,6 +280,28 @@ private Q_SLOTS:
         QCOMPARE(catalogue.GetController().Languages().CurrentCode(), QStringLiteral("sp"));
     }
 
+    void testLanguageChangeRefillsThePageBehindAJump()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        const CategoryNode *const leaf = FindLongLeaf(catalogue);
+        ClickInTree(catalogue, leaf);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
+        QSignalSpy filled(&catalogue.Window().Protocol(), &PageProtocol::PageFilled);
+        catalogue.Evaluate(QStringLiteral("location.hash = 'contListRow5'"));
+        QVERIFY(WaitUntil([&] { return filled.size() == 1; }));
+        QVERIFY(catalogue.Window().Protocol().CurrentUrl().endsWith(
+            leaf->tag + QLatin1String("#contListRow5")));
+        QCOMPARE(RowCount(catalogue), 20);
+        const QString english = leaf->text;
+        QTest::mouseClick(catalogue.Window().header->btnLang[0], Qt::LeftButton);
+        QVERIFY(leaf->text != english);
+        QVERIFY(WaitUntil([&] {
+            return InnerText(catalogue, QStringLiteral("caption")).trimmed() == leaf->text;
+        }));
+        QCOMPARE(RowCount(catalogue), 20);
+    }
+
     void testDocumentComesBackInTheNewLanguage()
     {
         CatalogueWindow catalogue(SampleCatalogue, QStringLiteral("German"));
@@ -471,6 +495,73 @@ private Q_SLOTS:
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_details.html")));
         QVERIFY(
             InnerText(catalogue, QStringLiteral("productDetails")).contains(QLatin1String("EUR")));
+    }
+
+    void testFailedPriceListOfTheMenuIsToldAndTheProgramGoesOn()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("twice.txt"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(file.write("AB 1\t1,00\r\nAB1\t2,00\r\n") > 0);
+        file.close();
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        QString message;
+        QVERIFY(CatalogueWindow::AnswerDialogs(
+            [&] {
+                QTimer::singleShot(0, catalogue.Window().menus->mLoadPriceList, &QAction::trigger);
+            },
+            {[&](QWidget *dialog) {
+                 auto *const name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+                 QVERIFY(name != nullptr);
+                 name->setText(path);
+                 QTest::keyClick(name, Qt::Key_Return);
+             },
+             [&](QWidget *box) {
+                 message = qobject_cast<QMessageBox *>(box)->text();
+                 QTest::keyClick(box, Qt::Key_Return);
+             }}));
+        QVERIFY2(message.contains(path) && message.contains(QLatin1String("AB1")),
+                 qPrintable(message));
+        QCOMPARE(catalogue.GetRegistry().RegGetString(SettingsKey, QStringLiteral("PriceListPath")),
+                 QString());
+        ClickInTree(catalogue, FindLongLeaf(catalogue));
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
+    }
+
+    void testMissingPageLeavesNoHourglass()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("app"));
+        QVERIFY(CopyApplicationDirectory(SampleCatalogue, path));
+        QVERIFY(QFile::remove(path + QLatin1String("/content/product_list.html")));
+        CatalogueWindow catalogue(path);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        ClickInTree(catalogue, FindLongLeaf(catalogue));
+        QVERIFY(QApplication::overrideCursor() != nullptr);
+        QVERIFY(WaitUntil([] { return QApplication::overrideCursor() == nullptr; }));
+        const CategoryNode *const top = catalogue.Window().Tree().Nodes().front().get();
+        ClickInTree(catalogue, top);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("category_list.html")));
+        QVERIFY(WaitUntil([] { return QApplication::overrideCursor() == nullptr; }));
+    }
+
+    void testStatusTextOutlivesTheMenus()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        frmCatalog &window = catalogue.Window();
+        QCOMPARE(window.lblStatus->text(),
+                 catalogue.GetController().GetText(QStringLiteral("defaultStatusBar")));
+        const CategoryNode *const node = window.Tree().Nodes().front()->children.front();
+        ClickInTree(catalogue, node);
+        QCOMPARE(window.lblStatus->text(), node->parent->text + u'\\' + node->text);
+        window.menus->mFile->popup(window.mapToGlobal(QPoint(10, 10)));
+        QTest::keyClick(window.menus->mFile, Qt::Key_Down);
+        window.menus->mFile->close();
+        QVERIFY(window.lblStatus->isVisible());
+        QCOMPARE(window.lblStatus->text(), node->FullPath());
     }
 
     void testClosingWithNoKeepsTheWindowOpen()
