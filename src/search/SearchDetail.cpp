@@ -68,6 +68,8 @@ SearchDetail::SearchDetail(const CatalogueQueries &queries, const LanguageSuppor
     auto *const area = new QScrollArea(this);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    // Its fields are the stops; the area scrolls to them by itself.
+    area->setFocusPolicy(Qt::NoFocus);
     auto *const outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->addWidget(area);

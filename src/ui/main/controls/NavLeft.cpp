@@ -81,9 +81,24 @@ void NavLeft::Initialize(const CategoryTree &tree)
     items->Finish();
     for (NavEntry *const entry : items->Entries())
         entry->installEventFilter(this);
+    OrderTabStops();
     ClearMark();
     SetTabStop(0);
     area->verticalScrollBar()->setValue(0);
+}
+
+// Made after the rest of the window, the entries would come last. Qt orders only what takes the
+// focus, which is sorted out again by SetTabStop().
+void NavLeft::OrderTabStops()
+{
+    QWidget *previous = items;
+    items->setFocusPolicy(Qt::TabFocus);
+    for (NavEntry *const entry : items->Entries()) {
+        entry->setFocusPolicy(Qt::TabFocus);
+        setTabOrder(previous, entry);
+        previous = entry;
+    }
+    items->setFocusPolicy(Qt::NoFocus);
 }
 
 void NavLeft::FitWidth()

@@ -47,6 +47,7 @@ private:
     void MarkEntry(int index);
     void ClearMark();
     void HoverEntry(int index);
+    void OrderTabStops();
     void SetTabStop(int index);
     bool MoveFocus(int index, int key);
 
