@@ -101,11 +101,12 @@ void frmCatalog::BuildLayout(QWebEngineProfile *profile)
     header = new HeaderBand(ground);
     rows->addWidget(header);
 
-    auto *const Line1 = new QFrame(ground);
-    Line1->setFixedHeight(LineHeight);
-    Line1->setAutoFillBackground(true);
-    Line1->setPalette(QPalette(Colours::Band));
-    rows->addWidget(Line1);
+    auto *const line = new QFrame(ground);
+    line->setObjectName(QStringLiteral("Line1"));
+    line->setFixedHeight(LineHeight);
+    line->setAutoFillBackground(true);
+    line->setPalette(QPalette(Colours::Band));
+    rows->addWidget(line);
 
     const auto getText = [this](const QString &key) { return controller.GetText(key); };
     auto *const columns = new QHBoxLayout;
@@ -215,7 +216,7 @@ QString frmCatalog::Load()
     controller.InitApplication();
     ApplyGuiTexts();
     MarkCurrentLanguage();
-    const QString priceListMessage = controller.Prices().LoadPriceListAtStart();
+    QString priceListMessage = controller.Prices().LoadPriceListAtStart();
     GoHome();
     wbMain->setFocus();
     return priceListMessage;
