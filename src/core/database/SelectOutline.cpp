@@ -129,7 +129,7 @@ bool OutlineReader::ReadFromItem(size_t &index, size_t end)
 
 void OutlineReader::SkipToNextItem(size_t &index, size_t end)
 {
-    const auto isSeparator = [this](const SqlToken &token) {
+    const auto isSeparator = [](const SqlToken &token) {
         return token.depth == 0 && (token.IsSymbol(",") || token.IsAnyWord(JoinWords));
     };
     while (index < end && !isSeparator(tokens[index]))
