@@ -445,6 +445,20 @@ private Q_SLOTS:
                  GetField(QStringLiteral("l.name"), rows, 1));
     }
 
+    void testButtonsOfTheDesktopSpeakTheLanguage()
+    {
+        CatalogueWindow catalogue(SampleCatalogue, QStringLiteral("German"));
+        const auto yes = [] {
+            QMessageBox box(QMessageBox::NoIcon, QString(), QString(), QMessageBox::Yes);
+            return box.button(QMessageBox::Yes)->text().remove(u'&');
+        };
+        QCOMPARE(yes(), QStringLiteral("Ja"));
+        QTest::mouseClick(catalogue.Window().header->btnLang[4], Qt::LeftButton);
+        QCOMPARE(yes(), QStringLiteral("Sì"));
+        QTest::mouseClick(catalogue.Window().header->btnLang[1], Qt::LeftButton);
+        QCOMPARE(yes(), QStringLiteral("Yes"));
+    }
+
     void testFolderWithBlanksAndAnUmlaut()
     {
         QTemporaryDir folder;

@@ -54,8 +54,10 @@ const QLatin1String SearchDetailTag{"searchDetail"};
 const QString SearchDetailEntry = QStringLiteral("SearchDetail");
 
 constexpr QSize PreferredSize{1280, 800}; // pixels
-constexpr QSize LeastSize{800, 560};      // pixels
-constexpr int LineHeight = 2;             // pixels
+/// About what a desktop's window frame adds.
+constexpr QSize FrameSize{8, 36};    // pixels
+constexpr QSize LeastSize{800, 560}; // pixels
+constexpr int LineHeight = 2;        // pixels
 
 /// Flat tabs with the leading colour at the current one's edge, in the desktop's own text colours.
 QString TabStyle()
@@ -86,7 +88,7 @@ frmCatalog::frmCatalog(Controller &controller, QWebEngineProfile *profile)
     ConnectControls();
     ConnectNavigation();
     setMinimumSize(LeastSize);
-    resize(PreferredSize.boundedTo(screen()->availableSize()));
+    resize(PreferredSize.boundedTo(screen()->availableSize() - FrameSize));
 }
 
 frmCatalog::~frmCatalog() = default;
@@ -225,6 +227,7 @@ QString frmCatalog::Load()
 void frmCatalog::ApplyGuiTexts()
 {
     const LanguageSupport &languages = controller.Languages();
+    desktopTexts.UseLanguage(languages.CurrentCode());
     setWindowTitle(WindowTitle + QLatin1String(" | Version ") + ReadVersion());
     menus->ApplyGuiTexts(languages);
     header->ApplyGuiTexts(languages, controller.GetUnit());

@@ -2,6 +2,7 @@
 
 #include "core/CategoryTree.h"
 #include "pages/HtmlBuilder.h"
+#include "ui/main/DesktopTexts.h"
 #include "ui/main/MousePointer.h"
 #include "ui/main/PageHost.h"
 #include "ui/main/history/NavigationHistory.h"
@@ -106,6 +107,7 @@ private:
     CategoryTree tree;
     NavigationHistory history;
     MousePointer pointer;
+    DesktopTexts desktopTexts;
     const CategoryNode *currentNode = nullptr;
     std::unique_ptr<PageProtocol> protocol;
     CartRequest *cartRequest = nullptr;
