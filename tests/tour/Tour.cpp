@@ -188,7 +188,8 @@ void Tour::DataSheet()
               QStringLiteral("the data sheet opens"));
         Check(WaitUntil([this] { return IsPaperShown(); }),
               QStringLiteral("the data sheet is drawn"));
-        SavePicture(QStringLiteral("data-sheet"));
+        // The viewer's page runs no scripts of ours that could tell when it is painted.
+        SavePicture(QStringLiteral("data-sheet"), &catalogue.Window());
         return;
     }
     Check(false, QStringLiteral("one of the list's products has a data sheet"));
