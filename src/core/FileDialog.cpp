@@ -1,8 +1,11 @@
 #include "core/FileDialog.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLoggingCategory>
+#include <QMessageBox>
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -23,6 +26,21 @@ QString ChosenPath(QFileDialog &dialog)
         return QString();
     }
     return path;
+}
+
+bool MayReplace(const QString &path, QWidget *owner)
+{
+    if (!QFileInfo(path).isFile())
+        return true;
+    // The library's own words, so that they come in the language of its dialogs.
+    const QString question =
+        QCoreApplication::translate("QFileDialog", "%1 already exists.\nDo you want to replace it?")
+            .arg(QFileInfo(path).fileName());
+    QMessageBox box(QMessageBox::Warning, QString(), question, QMessageBox::Yes | QMessageBox::No,
+                    owner);
+    box.setDefaultButton(QMessageBox::No);
+    box.setTextFormat(Qt::PlainText);
+    return box.exec() == QMessageBox::Yes;
 }
 
 } // namespace
@@ -52,12 +70,25 @@ QString ShowOpenDialog(const QString &filter, quint32 flags, QWidget *owner)
     return ChosenPath(dialog);
 }
 
-QString ShowSaveDialog(const QString &filter, quint32 /*ignored*/, QWidget *owner)
+QString ShowSaveDialog(const QString &filter, quint32 /*ignored*/, QWidget *owner,
+                       const QString &ending)
 {
     QFileDialog dialog(owner, QString(), QString(), ToQtFilter(filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    return ChosenPath(dialog);
+    if (ending.isEmpty())
+        return ChosenPath(dialog);
+    // The dialog knows only the name as it was typed and would ask about that one.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    for (;;) {
+        QString path = ChosenPath(dialog);
+        if (path.isEmpty())
+            return path;
+        if (!path.endsWith(ending, Qt::CaseInsensitive))
+            path += ending;
+        if (MayReplace(path, owner))
+            return path;
+    }
 }
 
 } // namespace Tesk::FileDialog

@@ -22,7 +22,10 @@ QString ToQtFilter(const QString &filter);
 
 /// The chosen path with the system's separators; empty when cancelled or longer than MaxPathLength.
 QString ShowOpenDialog(const QString &filter, quint32 flags, QWidget *owner);
-/// `ignored` stands for an argument that has no effect. Asks before a file is replaced.
-QString ShowSaveDialog(const QString &filter, quint32 ignored, QWidget *owner);
+/// `ignored` stands for an argument that has no effect. A name that lacks the `ending` (".csv", in
+/// whatever case) gets it behind the length limit's check. Asks before a file is replaced: the one
+/// of the name that is returned, no other.
+QString ShowSaveDialog(const QString &filter, quint32 ignored, QWidget *owner,
+                       const QString &ending = QString());
 
 } // namespace Tesk::FileDialog

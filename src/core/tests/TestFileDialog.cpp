@@ -1,15 +1,12 @@
 #include "core/FileDialog.h"
+#include "core/tests/DialogDriver.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <functional>
 #include <memory>
 
 using namespace Tesk;
@@ -17,60 +14,9 @@ using namespace Tesk;
 namespace {
 
 const QString PriceFilter = QStringLiteral("Tesk Price List (*.txt)|*.txt");
-
-/// Runs one action a dialog that appears, in their order.
-class DialogDriver : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit DialogDriver(std::vector<std::function<void(QDialog &)>> actionList)
-        : actions(std::move(actionList))
-    {
-        qApp->installEventFilter(this);
-    }
-
-    bool IsDone() const { return next == actions.size(); }
-
-    bool eventFilter(QObject *object, QEvent *event) override
-    {
-        // Queued behind the show, when the dialog runs its own event loop.
-        if (event->type() == QEvent::Show && qobject_cast<QDialog *>(object))
-            QMetaObject::invokeMethod(this, "Act", Qt::QueuedConnection, Q_ARG(QObject *, object));
-        return false;
-    }
-
-    Q_INVOKABLE void Act(QObject *dialog)
-    {
-        if (!IsDone())
-            actions[next++](*qobject_cast<QDialog *>(dialog));
-    }
-
-private:
-    std::vector<std::function<void(QDialog &)>> actions;
-    size_t next = 0;
-};
-
-/// Types a path into the file dialog and confirms it.
-std::function<void(QDialog &)> Choose(const QString &path)
-{
-    return [path](QDialog &dialog) {
-        dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
-        QMetaObject::invokeMethod(&dialog, "accept");
-    };
-}
-
-std::function<void(QDialog &)> Answer(QMessageBox::StandardButton button)
-{
-    return [button](QDialog &dialog) {
-        qobject_cast<QMessageBox *>(&dialog)->button(button)->click();
-    };
-}
-
-void Cancel(QDialog &dialog)
-{
-    dialog.reject();
-}
+const QString CartFilter =
+    QStringLiteral("Tesk Shopping Cart (*.csv)") + QChar(QChar::Null) + QStringLiteral("*.csv");
+const QString CartEnding = QStringLiteral(".csv");
 
 } // namespace
 
@@ -231,6 +177,79 @@ private Q_SLOTS:
         QCOMPARE(FileDialog::ShowSaveDialog(PriceFilter, 0, nullptr), QString());
         QVERIFY(driver.IsDone());
         QVERIFY(isOpen);
+    }
+
+    void testMissingEndingIsAdded()
+    {
+        const QString path = folder->filePath(QStringLiteral("order"));
+        DialogDriver driver({Choose(path)});
+        QCOMPARE(FileDialog::ShowSaveDialog(CartFilter, 0, nullptr, CartEnding),
+                 QDir::toNativeSeparators(path + QStringLiteral(".csv")));
+    }
+
+    void testAnotherEndingIsKeptBeforeTheRightOne()
+    {
+        const QString path = folder->filePath(QStringLiteral("order.txt"));
+        DialogDriver driver({Choose(path)});
+        QCOMPARE(FileDialog::ShowSaveDialog(CartFilter, 0, nullptr, CartEnding),
+                 QDir::toNativeSeparators(path + QStringLiteral(".csv")));
+    }
+
+    void testEndingInOtherCaseIsKept()
+    {
+        const QString path = folder->filePath(QStringLiteral("Order.CSV"));
+        DialogDriver driver({Choose(path)});
+        QCOMPARE(FileDialog::ShowSaveDialog(CartFilter, 0, nullptr, CartEnding),
+                 QDir::toNativeSeparators(path));
+    }
+
+    void testQuestionIsAboutTheNameWithItsEnding()
+    {
+        MakeFile(QStringLiteral("order.csv"));
+        const QString typed = folder->filePath(QStringLiteral("order"));
+        QString question;
+        DialogDriver driver({Choose(typed), [&question](QDialog &dialog) {
+                                 question = qobject_cast<QMessageBox *>(&dialog)->text();
+                                 Answer(QMessageBox::Yes)(dialog);
+                             }});
+        QCOMPARE(FileDialog::ShowSaveDialog(CartFilter, 0, nullptr, CartEnding),
+                 QDir::toNativeSeparators(typed + QStringLiteral(".csv")));
+        QVERIFY(driver.IsDone());
+        QVERIFY(question.contains(QStringLiteral("order.csv")));
+    }
+
+    void testNoQuestionAboutTheNameWithoutItsEnding()
+    {
+        const QString typed = MakeFile(QStringLiteral("order"));
+        DialogDriver driver({Choose(typed), [](QDialog &) { QFAIL("a question"); }});
+        QCOMPARE(FileDialog::ShowSaveDialog(CartFilter, 0, nullptr, CartEnding),
+                 QDir::toNativeSeparators(typed + QStringLiteral(".csv")));
+        QVERIFY(!driver.IsDone());
+    }
+
+    void testNameWithItsEndingIsAskedAboutOnce()
+    {
+        const QString path = MakeFile(QStringLiteral("order.csv"));
+        DialogDriver driver({Choose(path), Answer(QMessageBox::Yes),
+                             [](QDialog &) { QFAIL("a second question"); }});
+        QCOMPARE(FileDialog::ShowSaveDialog(CartFilter, 0, nullptr, CartEnding),
+                 QDir::toNativeSeparators(path));
+        QVERIFY(!driver.IsDone());
+    }
+
+    void testDialogComesBackWithTheNameThatIsNotToBeReplaced()
+    {
+        MakeFile(QStringLiteral("order.csv"));
+        const QString typed = folder->filePath(QStringLiteral("order"));
+        QString shown;
+        DialogDriver driver(
+            {Choose(typed), Answer(QMessageBox::No), [&shown](QDialog &dialog) {
+                 shown = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text();
+                 dialog.reject();
+             }});
+        QCOMPARE(FileDialog::ShowSaveDialog(CartFilter, 0, nullptr, CartEnding), QString());
+        QVERIFY(driver.IsDone());
+        QVERIFY2(shown.endsWith(QStringLiteral("order")), qPrintable(shown));
     }
 
     void testSaveCancelledIsEmpty()
