@@ -1,0 +1,72 @@
+#include "cart/file/ShoppingCartFile.h"
+
+#include "base/CodePage.h"
+#include "base/Errors.h"
+#include "cart/file/CartRecords.h"
+#include "cart/model/clsShoppingCart.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLoggingCategory>
+#include <QSaveFile>
+
+namespace Tesk::ShoppingCartFile {
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcCart, "tesk.cart")
+
+constexpr QLatin1String LineEnd("\r\n");
+
+QByteArrayView WithoutLineEnd(const QByteArray &line)
+{
+    QByteArrayView text(line);
+    for (const char end : {'\n', '\r'}) {
+        if (text.endsWith(end))
+            text.chop(1);
+    }
+    return text;
+}
+
+} // namespace
+
+void Save(const clsShoppingCart &cart, const QString &path)
+{
+    const QString text = cart.Serialize() + LineEnd;
+    const QByteArray bytes = CodePage::ToBytes(text);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw FileError(QStringLiteral("The shopping cart cannot be saved as \"%1\" (%2). Save it "
+                                       "in another folder or under another name.")
+                            .arg(QDir::toNativeSeparators(path), file.errorString()));
+    if (CodePage::FromBytes(bytes) != text)
+        qCWarning(lcCart) << "Characters outside the code page were saved as '?' in" << path;
+}
+
+void Load(const QString &path, clsShoppingCart &cart)
+{
+    const QString fileName = QDir::toNativeSeparators(path);
+    QFile file(path);
+    // Opened first: a file that cannot be opened must not cost the user the present cart.
+    if (!file.open(QIODevice::ReadOnly))
+        throw FileError(QStringLiteral("The shopping cart file \"%1\" cannot be opened (%2). The "
+                                       "shopping cart has not changed.")
+                            .arg(fileName, file.errorString()));
+    cart.Clear();
+    CartRecords records(fileName, cart);
+    while (!file.atEnd()) {
+        const QByteArray line = file.readLine();
+        if (line.isEmpty())
+            break;
+        records.TakeLine(CodePage::FromBytes(WithoutLineEnd(line)));
+    }
+    if (file.error() != QFileDevice::NoError)
+        throw FileError(QStringLiteral("The shopping cart file \"%1\" cannot be read to its end "
+                                       "(%2). The shopping cart holds what was read before.")
+                            .arg(fileName, file.errorString()));
+    if (records.IsInsideRecord())
+        qCWarning(lcCart) << "The last item of" << fileName
+                          << "is left out: no empty line follows it";
+}
+
+} // namespace Tesk::ShoppingCartFile
