@@ -3,17 +3,12 @@
 // one of the largest size.
 // Usage: bench_browsing [ROUNDS]
 
+#include "Measuring.h"
 #include "browser/Engine.h"
-#include "browser/WebBrowser.h"
-#include "generator/CatalogueGenerator.h"
 #include "support/CatalogueWindow.h"
-#include "support/WaitUntil.h"
 #include "ui/main/CatalogApplication.h"
-#include "ui/main/PageProtocol.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -23,24 +18,12 @@ using namespace Tesk;
 
 namespace {
 
-constexpr int DefaultRounds = 9;
 constexpr int MostProducts = 32767;
 constexpr int MostCategories = 400;
-
-double Median(std::vector<double> times)
-{
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
 
 void Print(const char *what, const std::vector<double> &times)
 {
     std::printf("  %-52s %8.1f ms\n", what, Median(times));
-}
-
-double Milliseconds(const QElapsedTimer &timer)
-{
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
 const CategoryNode *FirstLeaf(const frmCatalog &window)
@@ -102,19 +85,11 @@ int main(int argc, char **argv)
 {
     ConfigureEngine();
     CatalogApplication application(argc, argv);
-    const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : DefaultRounds;
-    const QString sample = QStringLiteral(APPLICATION_DIR);
-
-    QTemporaryDir folder;
-    const QString large = folder.filePath(QStringLiteral("large"));
-    if (!CopyApplicationDirectory(sample, large))
-        qFatal("the sample catalogue cannot be copied");
-    QFile::remove(large + QLatin1String("/catalog.db"));
-    GenerateCatalogue((large + QLatin1String("/catalog.db")).toStdString(),
-                      {MostProducts, 1, MostCategories, {}});
+    const int rounds = RoundsOf(argc, argv);
+    const LargeApplication large(MostProducts, MostCategories);
 
     std::printf("Medians of %d rounds\n", rounds);
-    Measure("Sample catalogue", sample, rounds);
-    Measure("32,767 products in 400 categories", large, rounds);
+    Measure("Sample catalogue", QStringLiteral(APPLICATION_DIR), rounds);
+    Measure("32,767 products in 400 categories", large.Path(), rounds);
     return 0;
 }
