@@ -4,38 +4,65 @@
 
 namespace Tesk {
 
+ResultTable::ResultTable()
+    : d(new Data)
+{}
+
 ResultTable::ResultTable(const QStringList &columnNames)
+    : ResultTable()
 {
-    rows.emplace_back(columnNames.begin(), columnNames.end());
+    d->names = columnNames;
+    d->upperRow = 0;
 }
 
-void ResultTable::AddRow(std::vector<QString> row)
+void ResultTable::AddRow(const std::vector<QString> &row)
 {
-    rows.push_back(std::move(row));
+    for (const QString &cell : row)
+        AddCell(cell.isNull() ? QByteArrayView() : QByteArrayView(cell.toUtf8()));
 }
 
-int ResultTable::ColumnCount() const
+void ResultTable::AddCell(QByteArrayView text)
 {
-    return rows.empty() ? 0 : static_cast<int>(rows.front().size());
+    Data &data = *d;
+    constexpr size_t mostBytes = 0x7fffffff;
+    if (data.text.size() > mostBytes)
+        throw CatalogueError(QStringLiteral("The result is too large to hold."));
+    data.cells.push_back(Cell{static_cast<quint32>(data.text.size() & mostBytes), text.isNull()});
+    data.text.append(text.data(), static_cast<size_t>(text.size()));
+    if (data.cells.size() % static_cast<size_t>(data.names.size()) == 0)
+        ++data.upperRow;
 }
 
 QString ResultTable::Text(int row, int column) const
 {
-    const QString &cell = Cell(row, column);
-    return cell.isNull() ? QLatin1String("") : cell;
+    RequireCell(row, column);
+    if (row == 0)
+        return d->names[column];
+    const size_t index = IndexOf(row, column);
+    const size_t begin = d->cells[index].begin;
+    const size_t end = index + 1 < d->cells.size() ? d->cells[index + 1].begin : d->text.size();
+    if (begin == end)
+        return QLatin1String("");
+    return QString::fromUtf8(d->text.data() + begin, static_cast<qsizetype>(end - begin));
 }
 
 bool ResultTable::IsNull(int row, int column) const
 {
-    return Cell(row, column).isNull();
+    RequireCell(row, column);
+    return row > 0 && d->cells[IndexOf(row, column)].isNull;
 }
 
-const QString &ResultTable::Cell(int row, int column) const
+void ResultTable::RequireCell(int row, int column) const
 {
     if (row < 0 || row > UpperRow() || column < 0 || column >= ColumnCount())
         throw SubscriptError(
             QStringLiteral("The result has no cell in row %1, column %2.").arg(row).arg(column));
-    return rows[static_cast<size_t>(row)][static_cast<size_t>(column)];
+}
+
+size_t ResultTable::IndexOf(int row, int column) const
+{
+    return static_cast<size_t>(row - 1) * static_cast<size_t>(d->names.size()) +
+           static_cast<size_t>(column);
 }
 
 QString GetField(const QString &columnName, const ResultTable &table, int row)

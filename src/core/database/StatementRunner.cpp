@@ -51,7 +51,7 @@ public:
     ResultTable Take() { return std::move(table); }
 
 private:
-    QString CellAt(int column);
+    void AddCell(int column);
 
     sqlite3_stmt *statement;
     QStringList names;
@@ -60,28 +60,26 @@ private:
     qint64 byteCount = 0;
 };
 
-/// A null QString for NULL.
-QString RowCollector::CellAt(int column)
+void RowCollector::AddCell(int column)
 {
-    if (sqlite3_column_type(statement, column) == SQLITE_NULL)
-        return {};
     const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
-    if (!text)
+    if (text) {
+        const int size = sqlite3_column_bytes(statement, column);
+        byteCount += size;
+        table.AddCell(QByteArrayView(text, size));
+    } else if (sqlite3_column_type(statement, column) == SQLITE_NULL) {
+        table.AddCell({});
+    } else {
         throw std::bad_alloc();
-    const int size = sqlite3_column_bytes(statement, column);
-    byteCount += size;
-    return size == 0 ? QString(QLatin1String("")) : QString::fromUtf8(text, size);
+    }
 }
 
 void RowCollector::AddRow()
 {
     if (table.UpperRow() < 0)
         table = ResultTable(names);
-    std::vector<QString> row;
-    row.reserve(static_cast<size_t>(names.size()));
     for (int column = 0; column < names.size(); ++column)
-        row.push_back(CellAt(column));
-    table.AddRow(std::move(row));
+        AddCell(column);
 
     cellCount += names.size();
     if (cellCount > MostCells || byteCount > MostBytes)
