@@ -21,6 +21,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <vector>
@@ -33,6 +34,19 @@ constexpr int ProductCount = 32'000;
 constexpr int ArticleNumberType = 2;
 
 const QString ListPage = QStringLiteral("product_list.html");
+
+/// The time by the clock that the page's own can be compared with, in milliseconds.
+double Now()
+{
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+    return Milliseconds(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+/// Notes the time by the same clock when the page's list has been written.
+const QString NoteWriting =
+    QStringLiteral("new MutationObserver(() => {"
+                   " window.teskWritten = performance.timeOrigin + performance.now() })"
+                   ".observe(document.getElementById('list'), { childList: true })");
 
 /// Tells when the loader's timer ticks, before the tick is handled.
 class TickWatch final : public QObject
@@ -47,8 +61,7 @@ protected:
     {
         if (event->type() == QEvent::Timer && onTick) {
             const auto *const timer = qobject_cast<QTimer *>(object);
-            if (timer && timer->isSingleShot() &&
-                timer->interval() == PageProtocol::LoaderInterval)
+            if (timer && timer->isSingleShot() && timer->interval() == PageProtocol::LoaderInterval)
                 onTick();
         }
         return false;
@@ -151,34 +164,34 @@ void Bench::TakeRound(const Input &input, Times &times)
     field->setFocus();
 
     double complete = 0;
-    double fill = 0;
+    double tick = 0;
+    double written = 0;
     QElapsedTimer timer;
     QObject context;
     QObject::connect(window.wbMain, &WebBrowser::DocumentComplete, &context,
                      [&](const QString &address) {
-                         if (address.contains(ListPage))
-                             complete = Milliseconds(timer);
+                         if (!address.contains(ListPage))
+                             return;
+                         complete = Milliseconds(timer);
+                         window.wbMain->RunScript(NoteWriting);
                      });
-    QElapsedTimer fillTimer;
-    ticks.onTick = [&] { fillTimer.start(); };
+    ticks.onTick = [&] { tick = Now(); };
     QObject::connect(&window.Protocol(), &PageProtocol::PageFilled, &context, [&] {
-        // The page runs scripts in their order: when it answers, the elements have been written.
-        window.wbMain->RunScript(QStringLiteral("document.getElementById('list').innerHTML !== ''"),
-                                 [&](const QVariant &isWritten) {
-                                     if (!isWritten.toBool())
-                                         qFatal("the result page was not filled");
-                                     fill = Milliseconds(fillTimer);
-                                 });
+        window.wbMain->RunScript(QStringLiteral("window.teskWritten"), [&](const QVariant &time) {
+            if (time.isNull())
+                qFatal("the result page was not filled");
+            written = time.toDouble();
+        });
     });
 
     timer.start();
     QTest::keyClick(field, Qt::Key_Return);
     times.search.push_back(Milliseconds(timer));
-    if (!WaitUntil([&] { return fill > 0; }))
+    if (!WaitUntil([&] { return written > 0; }))
         qFatal("no results were shown");
     ticks.onTick = {};
     times.complete.push_back(complete);
-    times.fill.push_back(fill);
+    times.fill.push_back(written - tick);
 
     const int rows = std::max(0, window.Protocol().ProductRows().UpperRow());
     const int shown =
