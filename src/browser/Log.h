@@ -10,5 +10,7 @@ Q_DECLARE_LOGGING_CATEGORY(browserLog)
 Q_DECLARE_LOGGING_CATEGORY(gateLog)
 /// "tesk.browser.page": what the pages' own scripts report on their console.
 Q_DECLARE_LOGGING_CATEGORY(pageLog)
+/// "tesk.browser.print": prints that failed or were refused.
+Q_DECLARE_LOGGING_CATEGORY(printLog)
 
 } // namespace Tesk
