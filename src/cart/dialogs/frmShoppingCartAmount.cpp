@@ -1,7 +1,7 @@
 #include "cart/dialogs/frmShoppingCartAmount.h"
 
-#include "base/Errors.h"
 #include "base/Numbers.h"
+#include "cart/dialogs/AmountText.h"
 
 #include <QAccessible>
 #include <QBoxLayout>
@@ -25,19 +25,11 @@ constexpr int LongestErrorLineCharacters = 60;
 constexpr QColor ErrorOnLight(176, 0, 32);
 constexpr QColor ErrorOnDark(255, 140, 130);
 
-/// The number above 0 and below 1000 that `text` holds. Point and comma both part the decimals,
-/// whatever the user's locale; groups of digits cannot be parted.
-std::optional<double> ReadAmount(QString text)
+/// The number above 0 and below 1000 that `text` holds.
+std::optional<double> ReadAmount(const QString &text)
 {
-    text.replace(QLatin1Char(','), QLatin1Char('.'));
-    try {
-        const double value = ToDouble(text);
-        if (value > 0 && value < 1000)
-            return value;
-    } catch (const ConversionError &) {
-        // What is no number is answered like a number outside the bounds.
-    }
-    return std::nullopt;
+    const std::optional<double> value = AmountOf(text);
+    return value && *value > 0 && *value < 1000 ? value : std::nullopt;
 }
 
 int WidthOf(const QWidget *widget, int characters)

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace Tesk {
+
+/// The number that an amount field's text holds; nothing for text that is no number. Point and
+/// comma both part the decimals, whatever the user's locale; groups of digits cannot be parted.
+std::optional<double> AmountOf(QString text);
+
+} // namespace Tesk

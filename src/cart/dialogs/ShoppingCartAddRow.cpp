@@ -1,0 +1,182 @@
+#include "cart/dialogs/ShoppingCartAddRow.h"
+
+#include "base/Errors.h"
+#include "base/Numbers.h"
+#include "cart/dialogs/AmountText.h"
+#include "cart/dialogs/FieldColour.h"
+#include "core/CatalogueQueries.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+#include <algorithm>
+#include <utility>
+
+namespace Tesk {
+
+namespace {
+
+constexpr double LeastAmount = 1;
+constexpr double LargestAmount = 999;
+constexpr QLatin1String NotFound("-1");
+
+QLineEdit *AddField(const char *name, int index, QWidget *dialog)
+{
+    auto *const field = new QLineEdit(dialog);
+    field->setObjectName(QLatin1String(name) + QString::number(index));
+    return field;
+}
+
+/// The field's text as it shows: a line end or tab that came with pasted text shows as a blank, and
+/// in the cart file it would part lines.
+QString TextOf(const QLineEdit *field)
+{
+    QString text = field->text();
+    std::replace_if(
+        text.begin(), text.end(), [](QChar character) { return !character.isPrint(); },
+        QLatin1Char(' '));
+    return text;
+}
+
+bool IsAmount(const QString &text)
+{
+    const std::optional<double> value = AmountOf(text);
+    return value && *value >= LeastAmount && *value <= LargestAmount;
+}
+
+} // namespace
+
+ShoppingCartAddRow::ShoppingCartAddRow(int index, const CatalogueQueries &queries,
+                                       TextLookup textLookup, QWidget *dialog)
+    : queries(queries)
+    , getText(std::move(textLookup))
+    , tbArtNrTesk(AddField("tbArtNrTesk", index, dialog))
+    , lblOr(new QLabel(dialog))
+    , tbArtNrCompetition(AddField("tbArtNrCompetition", index, dialog))
+    , tbAmount(AddField("tbAmount", index, dialog))
+    , tbCatNr(AddField("tbCatNr", index, dialog))
+{
+    lblOr->setObjectName(QStringLiteral("lblOr%1").arg(index));
+    tbAmount->setAlignment(Qt::AlignRight);
+    QObject::connect(tbAmount, &QLineEdit::textEdited, dialog, [this] { ClearMendedAmount(); });
+}
+
+void ShoppingCartAddRow::Clear()
+{
+    for (QLineEdit *const field : Fields())
+        field->clear();
+    tbAmount->setText(QStringLiteral("1"));
+    lookedUpReference.clear();
+    SetArtNrError(false);
+    SetAmountError(false);
+    ShowFieldError(tbArtNrCompetition, false);
+}
+
+CartRowEntry ShoppingCartAddRow::Entry() const
+{
+    const QString amount = TextOf(tbAmount);
+    return {TextOf(tbArtNrTesk), TextOf(tbArtNrCompetition).trimmed(),
+            IsAmount(amount) ? ToInt16(*AmountOf(amount)) : qint16{0}, TextOf(tbCatNr)};
+}
+
+std::array<QLineEdit *, 4> ShoppingCartAddRow::Fields() const
+{
+    return {tbArtNrTesk, tbArtNrCompetition, tbAmount, tbCatNr};
+}
+
+bool ShoppingCartAddRow::HasArtNr() const
+{
+    return !tbArtNrTesk->text().isEmpty();
+}
+
+std::optional<ShoppingCartAddRow::Fault> ShoppingCartAddRow::Leave(const QWidget *field)
+{
+    if (field == tbArtNrCompetition)
+        LookUpReference();
+    else if (field == tbArtNrTesk)
+        return CheckArtNr();
+    else if (field == tbAmount)
+        return CheckAmount();
+    return std::nullopt;
+}
+
+std::optional<ShoppingCartAddRow::Fault> ShoppingCartAddRow::StandingFault()
+{
+    if (hasArtNrError)
+        return Fault{getText(QStringLiteral("ucShoppingCartManualArtNrTeskError")), tbArtNrTesk};
+    if (HasArtNr() && TextOf(tbAmount).trimmed().isEmpty())
+        SetAmountError(true);
+    if (hasAmountError)
+        return AmountFault();
+    return std::nullopt;
+}
+
+void ShoppingCartAddRow::LookUpReference()
+{
+    const QString reference = TextOf(tbArtNrCompetition).trimmed();
+    // Passing through the field must not undo what the user made of the number it had given.
+    if (reference == lookedUpReference && (reference.isEmpty() || HasArtNr()))
+        return;
+    lookedUpReference = reference;
+    if (reference.isEmpty()) {
+        ShowFieldError(tbArtNrCompetition, false);
+        return;
+    }
+    tbArtNrTesk->setText(queries.FindArtNrsByRefNo(reference));
+    SetArtNrError(false);
+    // The only sign that the competitor's number is unknown: nothing is said and nothing barred.
+    ShowFieldError(tbArtNrCompetition, !HasArtNr());
+}
+
+std::optional<ShoppingCartAddRow::Fault> ShoppingCartAddRow::CheckArtNr()
+{
+    SetArtNrError(false);
+    const QString artNr = NormaliseArtNr(TextOf(tbArtNrTesk));
+    if (artNr != tbArtNrTesk->text())
+        tbArtNrTesk->setText(artNr);
+    if (artNr.isEmpty())
+        return std::nullopt;
+    // It stays an error when the look-up fails altogether.
+    SetArtNrError(true);
+    try {
+        if (queries.FindProductIdsByArtNr(artNr) == NotFound)
+            return Fault{getText(QStringLiteral("ucShoppingCartManualArtNrTeskError")),
+                         tbArtNrTesk};
+    } catch (const CatalogueError &error) {
+        return Fault{error.Message(), tbArtNrTesk};
+    }
+    SetArtNrError(false);
+    return std::nullopt;
+}
+
+std::optional<ShoppingCartAddRow::Fault> ShoppingCartAddRow::CheckAmount()
+{
+    const QString text = TextOf(tbAmount);
+    SetAmountError(!text.trimmed().isEmpty() && !IsAmount(text));
+    return hasAmountError ? std::optional(AmountFault()) : std::nullopt;
+}
+
+void ShoppingCartAddRow::ClearMendedAmount()
+{
+    if (hasAmountError && IsAmount(TextOf(tbAmount)))
+        SetAmountError(false);
+}
+
+void ShoppingCartAddRow::SetArtNrError(bool isError)
+{
+    hasArtNrError = isError;
+    ShowFieldError(tbArtNrTesk, isError);
+}
+
+void ShoppingCartAddRow::SetAmountError(bool isError)
+{
+    hasAmountError = isError;
+    ShowFieldError(tbAmount, isError);
+}
+
+ShoppingCartAddRow::Fault ShoppingCartAddRow::AmountFault()
+{
+    return {getText(QStringLiteral("ucShoppingCartManualAmountError")), tbAmount};
+}
+
+} // namespace Tesk
