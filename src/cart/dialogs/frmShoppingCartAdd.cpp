@@ -16,8 +16,8 @@ namespace Tesk {
 namespace {
 
 constexpr int Margin = 16;
-constexpr int RowSpacing = 4;
-constexpr int ColumnSpacing = 8;
+constexpr int RowSpacing = 8;
+constexpr int ColumnSpacing = 12;
 constexpr int ArtNrCharacters = 22;
 constexpr int AmountCharacters = 8;
 
@@ -59,7 +59,7 @@ void frmShoppingCartAdd::Build()
     for (QPushButton *const button : {btnOK, btnCancel})
         button->setFocusPolicy(Qt::TabFocus);
 
-    auto *const grid = new QGridLayout;
+    grid = new QGridLayout;
     grid->setHorizontalSpacing(ColumnSpacing);
     grid->setVerticalSpacing(RowSpacing);
     for (size_t i = 0; i < lblDesc.size(); ++i) {
@@ -69,9 +69,10 @@ void frmShoppingCartAdd::Build()
         grid->setColumnStretch(FieldColumns[i], FieldColumns[i] == AmountColumn ? 0 : 1);
     }
     for (int index = 0; index < RowCount; ++index)
-        AddRow(index, grid);
+        AddRow(index);
 
     auto *const buttons = new QHBoxLayout;
+    buttons->setSpacing(ColumnSpacing);
     buttons->addStretch();
     buttons->addWidget(btnCancel);
     buttons->addWidget(btnOK);
@@ -85,7 +86,7 @@ void frmShoppingCartAdd::Build()
     SetTabOrder();
 }
 
-void frmShoppingCartAdd::AddRow(int index, QGridLayout *grid)
+void frmShoppingCartAdd::AddRow(int index)
 {
     auto &row = rows[static_cast<size_t>(index)];
     row = std::make_unique<ShoppingCartAddRow>(index, queries, getText, this);
@@ -124,6 +125,12 @@ void frmShoppingCartAdd::SetCaptions()
             rows[row]->Fields()[i]->setAccessibleName(
                 QStringLiteral("%1 %2").arg(QString(heading).remove(u'&')).arg(row + 1));
     }
+    // The wide columns share the width of the longest heading.
+    int width = 0;
+    for (const QLabel *const heading : lblDesc)
+        width = std::max(width, heading->sizeHint().width());
+    for (const int column : FieldColumns)
+        grid->setColumnMinimumWidth(column, column == AmountColumn ? 0 : width);
     for (const auto &row : rows)
         row->OrLabel()->setText(getText(QStringLiteral("commonOr")));
 }

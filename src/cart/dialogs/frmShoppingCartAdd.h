@@ -44,7 +44,7 @@ private:
     using Fault = ShoppingCartAddRow::Fault;
 
     void Build();
-    void AddRow(int index, QGridLayout *grid);
+    void AddRow(int index);
     void SetCaptions();
     void SetTabOrder();
     void FocusChanged(const QWidget *old, const QWidget *now);
@@ -55,6 +55,7 @@ private:
 
     const CatalogueQueries &queries;
     ShoppingCartAddRow::TextLookup getText;
+    QGridLayout *grid = nullptr;
     std::array<QLabel *, 4> lblDesc{};
     std::array<std::unique_ptr<ShoppingCartAddRow>, RowCount> rows;
     QPushButton *btnOK;

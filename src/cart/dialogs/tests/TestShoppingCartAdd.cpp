@@ -437,6 +437,8 @@ void TestShoppingCartAdd::testFieldsStandInLine()
                      d->ArtNr(1)->y() - d->ArtNr(0)->y());
         }
     }
+    QCOMPARE(d->Reference()->width(), d->ArtNr()->width());
+    QCOMPARE(d->Category()->width(), d->ArtNr()->width());
     QVERIFY(d->OK()->x() > d->CancelButton()->x());
 }
 
