@@ -71,6 +71,10 @@ QString CatalogueQueries::FindArtNrsByRefNo(const QString &pattern) const
 
 bool CatalogueQueries::HasSingleProducts(const QString &categoryId) const
 {
+    // A search's results belong to no category: a statement without the id would only be reported
+    // as a wrong one.
+    if (categoryId.isEmpty())
+        return false;
     const ResultTable table = database.GetTable(Statements::SingleProductCount(categoryId));
     return table.HasData() && ToDouble(table.Text(1, 0)) > 0;
 }

@@ -188,6 +188,7 @@ void TestCatalogueQueries::testHasSingleProducts()
     QVERIFY(!queries.HasSingleProducts(Text("2")));   // a set only
     QVERIFY(!queries.HasSingleProducts(Text("77")));  // no products
     QVERIFY(!queries.HasSingleProducts(Text("x y"))); // no statement
+    QVERIFY(!queries.HasSingleProducts(QString()));   // no category
 }
 
 void TestCatalogueQueries::testSearchForNothingAsksNothing()
