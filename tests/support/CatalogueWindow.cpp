@@ -102,8 +102,11 @@ bool CatalogueWindow::Click(const QString &selector)
 bool CatalogueWindow::Hover(const QString &selector)
 {
     const std::optional<QPoint> place = PlaceOf(selector);
+    // Through the window: where nothing is displayed, the cursor itself goes astray at a scale
+    // of 2.
     if (place)
-        QTest::mouseMove(window->wbMain->View()->focusProxy(), *place);
+        QTest::mouseMove(window->windowHandle(),
+                         window->wbMain->View()->focusProxy()->mapTo(window.get(), *place));
     return place.has_value();
 }
 
