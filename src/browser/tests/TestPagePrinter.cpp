@@ -6,12 +6,14 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QPageRanges>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
+#include <QPushButton>
 #include <QRegularExpression>
 
 #include <csignal>
@@ -440,6 +442,26 @@ private Q_SLOTS:
         QVERIFY(!printer.Print());
         QVERIFY(isFileOffered);
         QVERIFY(!printer.IsPrinting());
+    }
+
+    void testDialogPrintsIntoTheFileNamedThere()
+    {
+        QVERIFY(OpenLongTable());
+        PagePrinter printer(fixture.Browser());
+        QSignalSpy finished(&printer, &PagePrinter::Finished);
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, this, [&] {
+            auto *dialog = qobject_cast<QPrintDialog *>(QApplication::activeModalWidget());
+            if (dialog == nullptr)
+                return;
+            watch.stop();
+            dialog->findChild<QLineEdit *>(QStringLiteral("filename"))->setText(Pdf());
+            dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
+        });
+        watch.start(10);
+        QVERIFY(printer.Print());
+        QVERIFY(finished.wait(BrowserFixture::waitTime));
+        QVERIFY(SheetCount(Pdf()) == 8);
     }
 };
 
