@@ -301,9 +301,11 @@ void Tour::SelectCategory(const QStringList &titles)
 
 void Tour::SavePicture(const QString &step)
 {
-    // A page behind another tab is not painted.
+    // A page behind another tab is not painted; what stands before it is laid out by queued events.
     if (catalogue.Window().wbMain->isVisible())
         catalogue.WaitForPaint();
+    else
+        QCoreApplication::processEvents();
     SavePicture(step, &catalogue.Window());
 }
 

@@ -97,8 +97,8 @@ void Tour::WayBack(int language)
                       Qt::LeftButton);
     QTest::mouseClick(catalogue.Window().header->btnInfo, Qt::LeftButton);
     Check(WaitUntil([this] {
-              return Shows(QStringLiteral("captionHead"), catalogue.GetController().GetText(
-                                                          QStringLiteral("ucWelcomeCaption")));
+              return Shows(QStringLiteral("captionHead"),
+                           catalogue.GetController().GetText(QStringLiteral("ucWelcomeCaption")));
           }),
           QStringLiteral("the welcome page in the language chosen"));
     FastSearchAndBack();
@@ -130,7 +130,8 @@ void Tour::DetailSearchAndBack()
     SearchDetail *const form = window.ucSearchDetail;
     QTest::keyClicks(form->tbDescription, Pattern);
     QTest::keyClicks(form->tbProductLength, QStringLiteral("18"));
-    QTest::mouseClick(form->rbUnit[1], Qt::LeftButton, {}, QPoint(8, form->rbUnit[1]->height() / 2));
+    QTest::mouseClick(form->rbUnit[1], Qt::LeftButton, {},
+                      QPoint(8, form->rbUnit[1]->height() / 2));
     SavePicture(QStringLiteral("search-form"));
     QTest::keyClick(form->tbProductLength, Qt::Key_Return);
     Check(ShowsSearchResults(), QStringLiteral("the detail search shows its results"));
@@ -173,16 +174,14 @@ bool Tour::ShowsSearchResults()
         catalogue.GetController().GetText(QStringLiteral("productListSearchHeadline"));
     return WaitUntil([&] {
         return catalogue.Window().tabMain->currentIndex() == frmCatalog::ProductsTab &&
-               Shows(QStringLiteral("caption"), headline) &&
-               Shows(QStringLiteral("list"), Pattern);
+               Shows(QStringLiteral("caption"), headline) && Shows(QStringLiteral("list"), Pattern);
     });
 }
 
 bool Tour::Press(const QString &scrollerButton)
 {
     // A page's fill sets the buttons' states last of all.
-    const bool isEnabled =
-        WaitUntil([&] { return IsEnabled(catalogue.Window(), scrollerButton); });
+    const bool isEnabled = WaitUntil([&] { return IsEnabled(catalogue.Window(), scrollerButton); });
     if (isEnabled)
         QTest::mouseClick(ButtonOf(catalogue.Window(), scrollerButton), Qt::LeftButton);
     return isEnabled;
@@ -195,19 +194,18 @@ void Tour::StepTo(const QString &scrollerButton, const ResultTable &rows, int ro
     Check(WaitUntil([&] {
               return catalogue.Window().wbMain->Address().endsWith(QLatin1String("?id=") +
                                                                    rows.Text(row, 0));
-          }) && catalogue.WaitForFilledPage(DetailsPage),
+          }) &&
+              catalogue.WaitForFilledPage(DetailsPage),
           name + QLatin1String(": the details"));
     Check(Shows(QStringLiteral("productDetails"), GetField(QStringLiteral("p.artNr"), rows, row)),
           name + QLatin1String(": the product"));
-    Check(CounterOf(catalogue.Window()) ==
-              QStringLiteral("%1/%2").arg(row).arg(rows.UpperRow()),
+    Check(CounterOf(catalogue.Window()) == QStringLiteral("%1/%2").arg(row).arg(rows.UpperRow()),
           name + QLatin1String(": the counter"));
 }
 
 void Tour::GoBackTo(const QString &addressPart)
 {
-    Check(Press(QStringLiteral("btnBack")),
-          QStringLiteral("a way back to ") + addressPart);
+    Check(Press(QStringLiteral("btnBack")), QStringLiteral("a way back to ") + addressPart);
     Check(catalogue.WaitForFilledPage(addressPart),
           QStringLiteral("the way back leads to ") + addressPart);
 }
