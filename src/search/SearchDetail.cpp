@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <QShortcut>
 
 namespace Tesk {
 
@@ -57,6 +58,14 @@ QPushButton *AddSubmit(QGridLayout *grid, QWidget *parent, const QString &name)
     return button;
 }
 
+/// For what ignores the Enter key outside dialogs.
+void SubmitByEnter(QWidget *control, QPushButton *submit)
+{
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+        QObject::connect(new QShortcut(key, control, nullptr, nullptr, Qt::WidgetShortcut),
+                         &QShortcut::activated, submit, &QPushButton::click);
+}
+
 } // namespace
 
 SearchDetail::SearchDetail(const CatalogueQueries &queries, const LanguageSupport &languages,
@@ -91,6 +100,7 @@ SearchDetail::SearchDetail(const CatalogueQueries &queries, const LanguageSuppor
     BuildDetailSearch();
     BuildCompetitionSearch();
     area->setWidget(form);
+    setFocusProxy(tbDescription);
 }
 
 void SearchDetail::BuildDetailSearch()
@@ -125,6 +135,8 @@ void SearchDetail::BuildDetailSearch()
     connect(btnDetailSearchSubmit, &QPushButton::clicked, this, &SearchDetail::SearchDetails);
     for (QLineEdit *const field : {tbDescription, tbArtNr, tbProductLength, tbAuthor})
         connect(field, &QLineEdit::returnPressed, btnDetailSearchSubmit, &QPushButton::click);
+    for (QRadioButton *const option : rbUnit)
+        SubmitByEnter(option, btnDetailSearchSubmit);
 }
 
 void SearchDetail::BuildCompetitionSearch()
@@ -148,6 +160,7 @@ void SearchDetail::BuildCompetitionSearch()
             &SearchDetail::SearchCompetition);
     connect(tbCompanyArtNr, &QLineEdit::returnPressed, btnCompetitionSearchSubmit,
             &QPushButton::click);
+    SubmitByEnter(cbCompany, btnCompetitionSearchSubmit);
 }
 
 void SearchDetail::Initialize()

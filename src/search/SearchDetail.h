@@ -59,6 +59,8 @@ public:
 Q_SIGNALS:
     /// A search ran; its rows may be none.
     void OnNewSearchResults(const Tesk::ResultTable &results);
+    /// Offered to the window beside the results; no search of this form picks a single product.
+    void OnProductSelect(const QString &id);
 
 private:
     void BuildDetailSearch();

@@ -3,6 +3,7 @@
 #include "core/LanguageSupport.h"
 #include "ui/main/LogoButton.h"
 #include "ui/main/controls/Colours.h"
+#include "ui/main/controls/ShortcutKeys.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -139,13 +140,14 @@ void HeaderBand::ApplyGuiTexts(const LanguageSupport &languages, int unit)
     const QString searchName = languages.GetText(QStringLiteral("searchHeadline"));
     tbFastSearchText->setAccessibleName(searchName);
     tbFastSearchText->setPlaceholderText(searchName);
+    tbFastSearchText->setToolTip(ShortcutKeys::ToolTip(searchName, ShortcutKeys::FastSearch));
     cbFastSearchType->setAccessibleName(searchName);
     cbUnitSelection->setAccessibleName(languages.GetText(QStringLiteral("ucSearchDetailUnit")));
     const QString homeName = languages.GetText(QStringLiteral("ucWelcomeCaption"));
-    imgLogo->setAccessibleName(homeName);
-    imgLogo->setToolTip(homeName);
-    btnInfo->setAccessibleName(homeName);
-    btnInfo->setToolTip(homeName);
+    for (QAbstractButton *const home : std::initializer_list<QAbstractButton *>{imgLogo, btnInfo}) {
+        home->setAccessibleName(homeName);
+        home->setToolTip(ShortcutKeys::ToolTip(homeName, ShortcutKeys::Home));
+    }
 }
 
 void HeaderBand::MarkCurrentLanguage(int index)

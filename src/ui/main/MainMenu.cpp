@@ -3,16 +3,29 @@
 #include "core/LanguageSupport.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
 
 namespace Tesk {
+
+namespace {
+
+/// The catalogue's languages have no word for it; the library's own dialogs do.
+QString DesktopText(const char *english)
+{
+    return QCoreApplication::translate("QPrintPreviewDialog", english);
+}
+
+} // namespace
 
 MainMenu::MainMenu(QMenuBar *bar)
     : QObject(bar)
 {
     mFile = bar->addMenu(QStringLiteral("&Datei"));
     mLoadPriceList = mFile->addAction(QStringLiteral("Preisliste laden"));
+    mPrint = mFile->addAction(QStringLiteral("&Drucken"));
+    mPrint->setShortcut(QKeySequence::Print);
     mFile->addSeparator();
     mExit = mFile->addAction(QStringLiteral("Beenden"));
     mExit->setShortcut(QKeySequence::Quit);
@@ -29,6 +42,14 @@ MainMenu::MainMenu(QMenuBar *bar)
     mExtra = bar->addMenu(QStringLiteral("E&xtras"));
     mSettings = mExtra->addAction(QStringLiteral("Einstellungen"));
     mContact = mExtra->addAction(QStringLiteral("Kontakt"));
+    mExtra->addSeparator();
+    mZoomIn = mExtra->addAction(QStringLiteral("Vergrößern"));
+    // The plus sign shares its key with "=" on many keyboards.
+    mZoomIn->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), Qt::CTRL | Qt::Key_Equal});
+    mZoomOut = mExtra->addAction(QStringLiteral("Verkleinern"));
+    mZoomOut->setShortcut(Qt::CTRL | Qt::Key_Minus);
+    mZoomReset = mExtra->addAction(QStringLiteral("100 %"));
+    mZoomReset->setShortcut(Qt::CTRL | Qt::Key_0);
 
     mHelp = bar->addMenu(QStringLiteral("&Hilfe"));
     mInfo = mHelp->addAction(QStringLiteral("Info"));
@@ -39,6 +60,7 @@ void MainMenu::ApplyGuiTexts(const LanguageSupport &languages)
     const auto text = [&](const char *key) { return languages.GetText(QLatin1String(key)); };
     mFile->setTitle(text("mFile"));
     mLoadPriceList->setText(text("mLoadPriceList"));
+    mPrint->setText(text("btn_print"));
     mExit->setText(text("mExit"));
     mLanguage->setTitle(text("mLanguage"));
     for (size_t i = 0; i < mLanguageSelect.size(); ++i)
@@ -46,6 +68,8 @@ void MainMenu::ApplyGuiTexts(const LanguageSupport &languages)
     mExtra->setTitle(text("mExtra"));
     mSettings->setText(text("mSettings"));
     mContact->setText(text("mContact"));
+    mZoomIn->setText(DesktopText("Zoom in"));
+    mZoomOut->setText(DesktopText("Zoom out"));
     mHelp->setTitle(text("mHelp"));
     mInfo->setText(text("mInfo"));
 }

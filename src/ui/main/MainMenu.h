@@ -28,12 +28,16 @@ public:
 
     QMenu *mFile = nullptr;
     QAction *mLoadPriceList = nullptr;
+    QAction *mPrint = nullptr;
     QAction *mExit = nullptr;
     QMenu *mLanguage = nullptr;
     std::array<QAction *, LanguageCount> mLanguageSelect{};
     QMenu *mExtra = nullptr;
     QAction *mSettings = nullptr;
     QAction *mContact = nullptr;
+    QAction *mZoomIn = nullptr;
+    QAction *mZoomOut = nullptr;
+    QAction *mZoomReset = nullptr;
     QMenu *mHelp = nullptr;
     QAction *mInfo = nullptr;
 };

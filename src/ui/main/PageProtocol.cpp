@@ -100,9 +100,9 @@ void PageProtocol::LoaderTick()
     LoaderTimer.stop();
     try {
         Fill(pendingElementId, pendingId);
-    } catch (const CatalogueError &error) {
+    } catch (const std::exception &error) {
         qCWarning(pagesLog).noquote()
-            << "The page" << currentUrl << "could not be filled:" << error.Message();
+            << "The page" << currentUrl << "could not be filled:" << error.what();
         parts.pointer.SetDefault();
     }
     parts.scroller.SetBackEnabled(parts.history.HasMoreEntries());
@@ -124,6 +124,7 @@ void PageProtocol::Fill(const QString &elementId, const QString &id)
 void PageProtocol::FillWelcomePage()
 {
     LoaderTimer.stop();
+    parts.scroller.DisableScroller();
     parts.builder.WriteStartPage(parts.browser, parts.tree);
     parts.host.SetStatusText(QString());
     parts.host.SetBreadcrumb({});
@@ -150,8 +151,24 @@ void PageProtocol::ShowCategoryList(const QString &id)
     parts.pointer.SetDefault();
 }
 
+// The way back leads to lists of other categories than the one selected last, and from a category
+// to the results of a search.
+void PageProtocol::SelectCategoryOfList(const QString &id)
+{
+    const CategoryNode *const currentNode = parts.host.CurrentNode();
+    if (id.isEmpty()) {
+        if (currentNode != nullptr)
+            parts.host.SelectCategory(nullptr);
+        productRows = searchRows;
+    } else if (currentNode == nullptr || currentNode->tag != id) {
+        if (const CategoryNode *const node = parts.tree.FindByTag(id))
+            parts.host.SelectCategory(node);
+    }
+}
+
 void PageProtocol::ShowProductList(const QString &id)
 {
+    SelectCategoryOfList(id);
     const CategoryNode *currentNode = parts.host.CurrentNode();
     QString caption;
     if (currentNode == nullptr) {
@@ -188,6 +205,11 @@ void PageProtocol::ShowProductDetails(const QString &id)
     if (GetField(QStringLiteral("p.isSet"), product, 1) == QLatin1String("True")) {
         productRows = parts.controller.Queries().QuerySetMembers(id);
         parts.scroller.SetCount(CountOf(productRows));
+        // The set's own place in its list, such as the last, says nothing of its members.
+        if (standaloneDetails)
+            parts.scroller.DisableScroller();
+        else
+            parts.scroller.EnableScroller();
         parts.builder.WriteSetList(parts.browser, GetField(QStringLiteral("l.name"), product, 1),
                                    productRows, currentNode);
     } else {

@@ -51,6 +51,8 @@ public:
     /// The product rows that list pages and the steps from product to product work on.
     const ResultTable &ProductRows() const { return productRows; }
     void SetProductRows(ResultTable rows) { productRows = std::move(rows); }
+    /// The rows of the latest search, which every list page without a category shows.
+    void SetSearchRows(const ResultTable &rows) { searchRows = productRows = rows; }
 
     /// Whether the next details page belongs to no list: then it offers no steps to other products.
     void SetStandaloneDetails(bool isStandalone) { standaloneDetails = isStandalone; }
@@ -68,6 +70,7 @@ Q_SIGNALS:
     void WelcomePageFilled();
 
 private:
+    void SelectCategoryOfList(const QString &id);
     void ShowPosition(const QString &id);
     void ArmLoader(const QString &elementId, const QString &address);
     void LoaderTick();
@@ -84,6 +87,7 @@ private:
     QString pendingId;
     qint16 firstItem = 1;
     ResultTable productRows;
+    ResultTable searchRows;
     bool standaloneDetails = false;
 };
 

@@ -2,6 +2,8 @@
 
 #include "base/CodePage.h"
 #include "base/Errors.h"
+#include "browser/PagePrinter.h"
+#include "browser/PageZoom.h"
 #include "browser/WebBrowser.h"
 #include "core/Controller.h"
 #include "core/FileDialog.h"
@@ -14,8 +16,8 @@
 #include "ui/main/MainMenu.h"
 #include "ui/main/PageAddress.h"
 #include "ui/main/PageProtocol.h"
+#include "ui/main/WindowKeys.h"
 #include "ui/main/controls/Breadcrumb.h"
-#include "ui/main/controls/Colours.h"
 #include "ui/main/controls/ItemScroller.h"
 #include "ui/main/controls/NavLeft.h"
 
@@ -24,15 +26,12 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFile>
-#include <QFrame>
 #include <QLabel>
-#include <QMenuBar>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
-#include <QStatusBar>
 #include <QTabWidget>
-#include <QVBoxLayout>
 
 namespace Tesk {
 
@@ -57,20 +56,6 @@ constexpr QSize PreferredSize{1280, 800}; // pixels
 /// About what a desktop's window frame adds.
 constexpr QSize FrameSize{8, 36};    // pixels
 constexpr QSize LeastSize{800, 560}; // pixels
-constexpr int LineHeight = 2;        // pixels
-
-/// Flat tabs with the leading colour at the current one's edge, in the desktop's own text colours.
-QString TabStyle()
-{
-    return QStringLiteral("QTabWidget::tab-bar { left: 12px; }"
-                          "QTabBar::tab { padding: 7px 14px; border: 0;"
-                          " border-top: 2px solid transparent; }"
-                          "QTabBar::tab:selected { border-top-color: %1;"
-                          " background: palette(base); }"
-                          "QTabBar::tab:hover:!selected { background: palette(midlight); }"
-                          "QTabBar::tab:focus { text-decoration: underline; }")
-        .arg(Colours::Band.name());
-}
 
 } // namespace
 
@@ -79,100 +64,21 @@ frmCatalog::frmCatalog(Controller &controller, QWebEngineProfile *profile)
     , builder(controller)
 {
     setWindowTitle(WindowTitle);
-    menus = new MainMenu(menuBar());
-    BuildLayout(profile);
+    LayOut(*this, controller, profile);
     protocol = std::make_unique<PageProtocol>(PageProtocol::Parts{
         controller, builder, tree, history, *wbMain, *this, pointer, *scroller});
     cartRequest = new CartRequest(controller, this);
     fastSearch = new FastSearch(controller.Queries(), *header, pointer);
+    pagePrinter = new PagePrinter(*wbMain);
     ConnectControls();
     ConnectNavigation();
+    ConnectKeys();
+    ConnectZoom();
     setMinimumSize(LeastSize);
     resize(PreferredSize.boundedTo(screen()->availableSize() - FrameSize));
 }
 
 frmCatalog::~frmCatalog() = default;
-
-void frmCatalog::BuildLayout(QWebEngineProfile *profile)
-{
-    auto *const ground = new QWidget(this);
-    auto *const rows = new QVBoxLayout(ground);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(0);
-
-    header = new HeaderBand(ground);
-    rows->addWidget(header);
-
-    auto *const line = new QFrame(ground);
-    line->setObjectName(QStringLiteral("Line1"));
-    line->setFixedHeight(LineHeight);
-    line->setAutoFillBackground(true);
-    line->setPalette(QPalette(Colours::Band));
-    rows->addWidget(line);
-
-    const auto getText = [this](const QString &key) { return controller.GetText(key); };
-    auto *const columns = new QHBoxLayout;
-    columns->setSpacing(0);
-    ucNavLeft = new NavLeft(getText, ground);
-    ucNavLeft->setObjectName(QStringLiteral("ucNavLeft"));
-    columns->addWidget(ucNavLeft);
-    auto *const pageColumn = new QVBoxLayout;
-    pageColumn->setSpacing(0);
-    columns->addLayout(pageColumn, 1);
-    rows->addLayout(columns, 1);
-
-    auto *const band = new QHBoxLayout;
-    band->setSpacing(0);
-    ucBreadcrumb = new Breadcrumb(ground);
-    ucBreadcrumb->setObjectName(QStringLiteral("ucBreadcrumb"));
-    scroller = new ItemScroller(getText, ground);
-    scroller->setObjectName(QStringLiteral("scroller"));
-    band->addWidget(ucBreadcrumb, 1);
-    band->addWidget(scroller);
-    pageColumn->addLayout(band);
-
-    tabMain = new QTabWidget(ground);
-    tabMain->setObjectName(QStringLiteral("tabMain"));
-    tabMain->setDocumentMode(true);
-    tabMain->setStyleSheet(TabStyle());
-    wbMain = new WebBrowser(profile, tabMain);
-    wbMain->setObjectName(QStringLiteral("wbMain"));
-    tabMain->addTab(wbMain, QStringLiteral("Produkte"));
-    tabMain->addTab(BuildCategoriesTab(), QStringLiteral("Kategorien"));
-    tabMain->addTab(new QWidget(tabMain), QStringLiteral("Warenkorb"));
-    ucSearchDetail = new SearchDetail(controller.Queries(), controller.Languages(), tabMain);
-    ucSearchDetail->setObjectName(QStringLiteral("ucSearchDetail"));
-    tabMain->addTab(ucSearchDetail, QStringLiteral("Detailsuche"));
-    // Nothing can be shown there yet.
-    tabMain->setTabEnabled(CartTab, false);
-    menus->mContact->setEnabled(false);
-    menus->mInfo->setEnabled(false);
-    pageColumn->addWidget(tabMain, 1);
-    setCentralWidget(ground);
-
-    // A message of the bar itself would go as soon as the pointer passes over a menu.
-    lblStatus = new QLabel(this);
-    lblStatus->setObjectName(QStringLiteral("StatusBar"));
-    lblStatus->setTextFormat(Qt::PlainText);
-    lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    statusBar()->addWidget(lblStatus, 1);
-}
-
-QWidget *frmCatalog::BuildCategoriesTab()
-{
-    auto *const page = new QWidget(tabMain);
-    auto *const rows = new QVBoxLayout(page);
-    rows->setContentsMargins(24, 16, 24, 16);
-    rows->setSpacing(8);
-    lblCategorySelection = new QLabel(page);
-    lblCategorySelection->setWordWrap(true);
-    TreeViewCategories = new CategoryTreeView(page);
-    TreeViewCategories->setObjectName(QStringLiteral("TreeViewCategories"));
-    lblCategorySelection->setBuddy(TreeViewCategories);
-    rows->addWidget(lblCategorySelection);
-    rows->addWidget(TreeViewCategories, 1);
-    return page;
-}
 
 void frmCatalog::ConnectControls()
 {
@@ -190,6 +96,7 @@ void frmCatalog::ConnectControls()
         connect(menus->mLanguageSelect[static_cast<size_t>(i)], &QAction::triggered, this, select);
     }
     connect(menus->mLoadPriceList, &QAction::triggered, this, &frmCatalog::AskAndLoadPriceList);
+    connect(menus->mPrint, &QAction::triggered, pagePrinter, [this] { pagePrinter->Print(); });
     connect(menus->mExit, &QAction::triggered, this, &frmCatalog::AskAndExit);
     connect(menus->mSettings, &QAction::triggered, this, [this] {
         QMessageBox(QMessageBox::Information, QString(), SettingsMessage, QMessageBox::Ok, this)
@@ -213,6 +120,35 @@ void frmCatalog::ConnectNavigation()
             });
 }
 
+void frmCatalog::ConnectKeys()
+{
+    const auto *const keys = new WindowKeys(this);
+    connect(keys, &WindowKeys::FastSearch, this, [this] {
+        header->tbFastSearchText->setFocus(Qt::ShortcutFocusReason);
+        header->tbFastSearchText->selectAll();
+    });
+    connect(keys, &WindowKeys::Home, this, &frmCatalog::GoHome);
+    connect(keys, &WindowKeys::Back, this, &frmCatalog::GoBack);
+    connect(keys, &WindowKeys::PreviousProduct, scroller, &ItemScroller::PressPrevious);
+    connect(keys, &WindowKeys::NextProduct, scroller, &ItemScroller::PressNext);
+    connect(keys, &WindowKeys::ShowTab, this, [this](int position) {
+        tabMain->setCurrentIndex(position);
+        tabMain->currentWidget()->setFocus(Qt::ShortcutFocusReason);
+    });
+}
+
+void frmCatalog::ConnectZoom()
+{
+    auto *const zoom = new PageZoom({wbMain}, this);
+    connect(menus->mZoomIn, &QAction::triggered, zoom, &PageZoom::In);
+    connect(menus->mZoomOut, &QAction::triggered, zoom, &PageZoom::Out);
+    connect(menus->mZoomReset, &QAction::triggered, zoom, &PageZoom::Reset);
+    connect(zoom, &PageZoom::PercentChanged, this, [this](int percent) {
+        lblZoom->setText(QStringLiteral("%1 %").arg(percent));
+        lblZoom->setVisible(percent != PageZoom::OwnSize);
+    });
+}
+
 QString frmCatalog::Load()
 {
     controller.InitApplication();
@@ -231,15 +167,7 @@ void frmCatalog::ApplyGuiTexts()
     setWindowTitle(WindowTitle + QLatin1String(" | Version ") + ReadVersion());
     menus->ApplyGuiTexts(languages);
     header->ApplyGuiTexts(languages, controller.GetUnit());
-    tabMain->setTabText(ProductsTab, languages.GetText(QStringLiteral("tabControlMain")));
-    tabMain->setTabText(CategoriesTab,
-                        languages.GetText(QStringLiteral("tabControlCategorySelect")));
-    tabMain->setTabText(CartTab, languages.GetText(QStringLiteral("tabControlShoppingCart")));
-    tabMain->setTabText(SearchTab, languages.GetText(QStringLiteral("tabControlSearchDetail")));
-    lblCategorySelection->setText(
-        languages.GetText(QStringLiteral("categorySelectionDescription")));
-    TreeViewCategories->setAccessibleName(tabMain->tabText(CategoriesTab));
-    wbMain->setAccessibleName(tabMain->tabText(ProductsTab));
+    ApplyCaptions(controller);
     FillCategoryTree();
     ucNavLeft->Initialize(tree);
     scroller->Initialize();
@@ -285,11 +213,35 @@ void frmCatalog::MarkCurrentLanguage()
 
 void frmCatalog::TreeViewCategories_NodeClick(const CategoryNode *node)
 {
+    MarkNavEntry(node);
+    pointer.SetHourglass();
+    ShowContent((node->HasChildren() ? CategoryPage : ListPage) + node->tag);
+    MarkNode(node);
+}
+
+void frmCatalog::SelectCategory(const CategoryNode *node)
+{
+    if (node != nullptr) {
+        MarkNavEntry(node);
+        MarkNode(node);
+        return;
+    }
+    if (currentNode != nullptr)
+        TreeViewCategories->SetBold(currentNode, false);
+    currentNode = nullptr;
+    ucNavLeft->selectSubCategory(QString());
+    SetStatusText(QString());
+}
+
+/// A top-level category has no entry and leaves the menu as it is.
+void frmCatalog::MarkNavEntry(const CategoryNode *node)
+{
     if (const CategoryNode *const entry = node->SecondLevelAncestor())
         ucNavLeft->selectSubCategory(entry->tag);
-    pointer.SetHourglass();
-    OpenContent((node->HasChildren() ? CategoryPage : ListPage) + node->tag);
-    SelectTab(ProductsTab);
+}
+
+void frmCatalog::MarkNode(const CategoryNode *node)
+{
     if (currentNode != nullptr) {
         TreeViewCategories->SetBold(currentNode, false);
         TreeViewCategories->CollapseNodePath(currentNode);
@@ -306,12 +258,17 @@ void frmCatalog::OpenContent(const QString &tail)
     wbMain->Navigate(controller.GetContentBaseUrl() + QLatin1String("/content/") + tail);
 }
 
+void frmCatalog::ShowContent(const QString &tail)
+{
+    OpenContent(tail);
+    SelectTab(ProductsTab);
+}
+
 void frmCatalog::SelectNavEntry(const QString &id)
 {
     pointer.SetHourglass();
     if (id == SearchDetailTag) {
-        SelectTab(SearchTab);
-        SetBreadcrumb({{SearchCrumbCaption, QString()}});
+        ShowSearchForm();
         pointer.SetDefault();
         return;
     }
@@ -322,21 +279,28 @@ void frmCatalog::SelectNavEntry(const QString &id)
     SelectTab(ProductsTab);
 }
 
+void frmCatalog::ShowSearchForm()
+{
+    SelectTab(SearchTab);
+    SetBreadcrumb({{SearchCrumbCaption, QString()}});
+    ucSearchDetail->setFocus();
+}
+
 void frmCatalog::SelectCrumb(const QString &link)
 {
     const QString id = link.mid(link.lastIndexOf(u'=') + 1);
     if (link.contains(HomeCrumb.link))
         GoHome();
     else if (link.contains(QLatin1String("category_list.html")))
-        OpenContent(CategoryPage + id);
+        ShowContent(CategoryPage + id);
     else if (link.contains(QLatin1String("product_list.html")))
-        OpenContent(ListPage + id);
+        ShowContent(ListPage + id);
 }
 
 void frmCatalog::ShowItem(qint16 index)
 {
     if (index >= 1 && index <= protocol->ProductRows().UpperRow())
-        OpenContent(DetailsPage + protocol->ProductRows().Text(index, 0));
+        ShowContent(DetailsPage + protocol->ProductRows().Text(index, 0));
 }
 
 void frmCatalog::ShowStandaloneDetails(const QString &id)
@@ -349,12 +313,10 @@ void frmCatalog::ShowStandaloneDetails(const QString &id)
 
 void frmCatalog::ShowSearchResults(const ResultTable &rows)
 {
-    protocol->SetProductRows(rows);
-    if (currentNode != nullptr)
-        TreeViewCategories->SetBold(currentNode, false);
-    currentNode = nullptr;
-    OpenContent(ListPage);
-    SelectTab(ProductsTab);
+    protocol->SetSearchRows(rows);
+    SelectCategory(nullptr);
+    ShowContent(ListPage);
+    wbMain->setFocus();
 }
 
 void frmCatalog::GoBack()
@@ -364,7 +326,7 @@ void frmCatalog::GoBack()
     const QString entry = history.PopEntry();
     if (entry == SearchDetailEntry) {
         ucSearchDetail->Initialize();
-        SelectTab(SearchTab);
+        ShowSearchForm();
     } else {
         SelectTab(ProductsTab);
         wbMain->Navigate(entry);

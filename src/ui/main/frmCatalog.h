@@ -5,39 +5,29 @@
 #include "ui/main/DesktopTexts.h"
 #include "ui/main/MousePointer.h"
 #include "ui/main/PageHost.h"
+#include "ui/main/WindowControls.h"
 #include "ui/main/history/NavigationHistory.h"
 
 #include <QMainWindow>
 
 #include <memory>
 
-class QLabel;
-class QTabWidget;
 class QWebEngineProfile;
 
 namespace Tesk {
 
-class Breadcrumb;
 class CartRequest;
-class CategoryTreeView;
 class Controller;
 class FastSearch;
-class HeaderBand;
-class ItemScroller;
-class MainMenu;
-class NavLeft;
+class PagePrinter;
 class PageProtocol;
-class SearchDetail;
-class WebBrowser;
 
 /// The main window: it owns the browser, the tree, the tabs and the menus, and wires them together.
-class frmCatalog final : public QMainWindow, public PageHost
+class frmCatalog final : public QMainWindow, public PageHost, public WindowControls
 {
     Q_OBJECT
 
 public:
-    enum Tab { ProductsTab = 0, CategoriesTab = 1, CartTab = 2, SearchTab = 3 };
-
     /// Both outlive the window; `profile` carries the resource scheme.
     frmCatalog(Controller &controller, QWebEngineProfile *profile);
     ~frmCatalog() override;
@@ -55,6 +45,7 @@ public:
 
     const CategoryNode *CurrentNode() const override { return currentNode; }
     void TreeViewCategories_NodeClick(const CategoryNode *node) override;
+    void SelectCategory(const CategoryNode *node) override;
     void SetStatusText(const QString &text) override;
     void SetBreadcrumb(const QList<Crumb> &pairs) override;
 
@@ -69,30 +60,23 @@ public:
     PageProtocol &Protocol() { return *protocol; }
     const NavigationHistory &History() const { return history; }
 
-    MainMenu *menus = nullptr;
-    HeaderBand *header = nullptr;
-    QTabWidget *tabMain = nullptr;
-    WebBrowser *wbMain = nullptr;
-    CategoryTreeView *TreeViewCategories = nullptr;
-    QLabel *lblCategorySelection = nullptr;
-    NavLeft *ucNavLeft = nullptr;
-    Breadcrumb *ucBreadcrumb = nullptr;
-    ItemScroller *scroller = nullptr;
-    SearchDetail *ucSearchDetail = nullptr;
-    QLabel *lblStatus = nullptr;
-
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void BuildLayout(QWebEngineProfile *profile);
-    QWidget *BuildCategoriesTab();
     void ConnectControls();
     void ConnectNavigation();
+    void ConnectKeys();
+    void ConnectZoom();
+    void MarkNavEntry(const CategoryNode *node);
+    void MarkNode(const CategoryNode *node);
     void SelectNavEntry(const QString &id);
+    void ShowSearchForm();
     void SelectCrumb(const QString &link);
     void ShowItem(qint16 index);
     void OpenContent(const QString &tail);
+    /// The same, and the tab where the page shows.
+    void ShowContent(const QString &tail);
     void SelectTab(Tab tab);
     void SelectLanguage(int index);
     void SelectUnit(int index);
@@ -112,6 +96,7 @@ private:
     std::unique_ptr<PageProtocol> protocol;
     CartRequest *cartRequest = nullptr;
     FastSearch *fastSearch = nullptr;
+    PagePrinter *pagePrinter = nullptr;
 };
 
 } // namespace Tesk

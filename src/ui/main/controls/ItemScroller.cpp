@@ -2,6 +2,7 @@
 
 #include "ui/main/controls/Colours.h"
 #include "ui/main/controls/ScrollerButton.h"
+#include "ui/main/controls/ShortcutKeys.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -79,6 +80,7 @@ void ItemScroller::Initialize()
     const QString back = getText(QStringLiteral("mBack"));
     btnBack->setText(back);
     btnBack->setAccessibleName(QString(back).remove(QLatin1Char('&')));
+    btnBack->setToolTip(ShortcutKeys::ToolTip(QString(), ShortcutKeys::Back));
     btnBack->updateGeometry();
     NameButtons();
 }
@@ -122,6 +124,16 @@ void ItemScroller::DisableScroller()
     NameButtons();
 }
 
+void ItemScroller::PressPrevious()
+{
+    btnPrevious->click();
+}
+
+void ItemScroller::PressNext()
+{
+    btnNext->click();
+}
+
 void ItemScroller::SetScrollerEnabled(bool backwards, bool onwards)
 {
     // Qt would hand the focus of a button that is switched off to the next one, which leads back in
@@ -153,14 +165,15 @@ void ItemScroller::ShowCounter()
 /// A button's name is an arrow and the position that it leads to, which every language reads.
 void ItemScroller::NameButtons()
 {
-    const auto name = [this](ScrollerButton *button, QChar arrow, int target) {
+    const auto name = [this](ScrollerButton *button, QChar arrow, int target,
+                             const QKeySequence &key = {}) {
         const QString position = Counter->text().isEmpty() ? QString() : Position(target, count);
-        button->setToolTip(position);
+        button->setToolTip(key.isEmpty() ? position : ShortcutKeys::ToolTip(position, key));
         button->setAccessibleName(QString(arrow + QLatin1Char(' ') + position).trimmed());
     };
     name(btnFirst, QChar(0x21E4), 1);
-    name(btnPrevious, QChar(0x2190), std::max(index - 1, 1));
-    name(btnNext, QChar(0x2192), std::min<int>(index + 1, count));
+    name(btnPrevious, QChar(0x2190), std::max(index - 1, 1), ShortcutKeys::PreviousProduct);
+    name(btnNext, QChar(0x2192), std::min<int>(index + 1, count), ShortcutKeys::NextProduct);
     name(btnLast, QChar(0x21E5), count);
 }
 

@@ -31,6 +31,10 @@ public:
     void EnableScroller();
     void DisableScroller();
 
+    /// As a press of the button does: nothing while the button is switched off.
+    void PressPrevious();
+    void PressNext();
+
 Q_SIGNALS:
     void OnIndexChange(qint16 index);
     void OnHistoryBack();

@@ -9,7 +9,9 @@
 #include "ui/main/controls/ItemScroller.h"
 #include "ui/main/history/NavigationHistory.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -26,6 +28,7 @@ public:
         currentNode = node;
         ++clickCount;
     }
+    void SelectCategory(const CategoryNode *node) override { currentNode = node; }
     void SetStatusText(const QString &text) override { statusTexts << text; }
     void SetBreadcrumb(const QList<Crumb> &pairs) override { crumbs = pairs; }
 
@@ -92,6 +95,18 @@ private Q_SLOTS:
         QCOMPARE(history->PopEntry(), Page("before.html"));
     }
 
+    void testCategoryPageThatLeadsOnToAListLeavesNoEntry()
+    {
+        protocol->DocumentComplete(Page("before.html"));
+        protocol->DocumentComplete(Page("category_list.html?id=2"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(host.clickCount, 1);
+
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        QTRY_COMPARE(filled->size(), 2);
+        QCOMPARE(history->PopEntry(), Page("before.html"));
+    }
+
     void testCategoryPageOfTheSelectedNodeIsFilledAtOnce()
     {
         host.currentNode = tree->FindByTag(QStringLiteral("1"));
@@ -117,13 +132,110 @@ private Q_SLOTS:
     {
         const ResultTable rows =
             application->GetController().Queries().QueryProduct(QStringLiteral("17"));
-        protocol->SetProductRows(rows);
+        protocol->SetSearchRows(rows);
         protocol->DocumentComplete(Page("product_list.html?firstItem=1&id="));
         QTRY_COMPARE(filled->size(), 1);
         QCOMPARE(document.Value(QStringLiteral("caption")),
                  QStringLiteral("en:productListSearchHeadline"));
         QCOMPARE(protocol->ProductRows().UpperRow(), 1);
         QVERIFY(document.Value(QStringLiteral("list")).contains(rows.Text(1, 1)));
+    }
+
+    void testListOfAnotherCategorySelectsIt()
+    {
+        host.currentNode = tree->FindByTag(QStringLiteral("1"));
+        const CategoryNode *const node = tree->FindByTag(QStringLiteral("2"));
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(host.currentNode, node);
+        QCOMPARE(host.clickCount, 0);
+        QCOMPARE(document.Value(QStringLiteral("caption")), node->text);
+        QCOMPARE(protocol->ProductRows().UpperRow(), 12);
+        QCOMPARE(host.crumbs.last().caption, node->text);
+    }
+
+    void testListOfACategoryAfterASearchShowsTheCategory()
+    {
+        protocol->SetSearchRows(
+            application->GetController().Queries().QueryProduct(QStringLiteral("17")));
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(host.currentNode, tree->FindByTag(QStringLiteral("2")));
+        QCOMPARE(protocol->ProductRows().UpperRow(), 12);
+    }
+
+    void testSearchResultsComeBackAfterOtherPages()
+    {
+        const ResultTable rows =
+            application->GetController().Queries().QueryProduct(QStringLiteral("17"));
+        protocol->SetSearchRows(rows);
+        protocol->DocumentComplete(Page("product_details.html?id=50"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(protocol->ProductRows().UpperRow(), 4);
+        host.currentNode = tree->FindByTag(QStringLiteral("2"));
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id="));
+        QTRY_COMPARE(filled->size(), 2);
+        QCOMPARE(host.currentNode, nullptr);
+        QCOMPARE(protocol->ProductRows().UpperRow(), 1);
+        QVERIFY(document.Value(QStringLiteral("list")).contains(rows.Text(1, 1)));
+    }
+
+    void testSetThatEndsItsListStillStepsThroughItsMembers()
+    {
+        protocol->SetProductRows(
+            application->GetController().Queries().QueryProduct(QStringLiteral("50")));
+        protocol->DocumentComplete(Page("product_details.html?id=50"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(Counter(), QStringLiteral("1/4"));
+        QVERIFY(ScrollerButton("btnNext")->isEnabled());
+        QVERIFY(ScrollerButton("btnFirst")->isEnabled());
+    }
+
+    void testDetailsOutsideAListHaveNoSteps()
+    {
+        // A place in the middle of the rows, which a list would let the user leave both ways.
+        host.currentNode = tree->FindByTag(QStringLiteral("2"));
+        protocol->SetProductRows(
+            application->GetController().Queries().QueryProductsOfCategory(QStringLiteral("2")));
+        protocol->SetStandaloneDetails(true);
+        protocol->DocumentComplete(Page("product_details.html?id=") +
+                                   protocol->ProductRows().Text(6, 0));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(Counter(), QString());
+        for (const char *button : {"btnFirst", "btnPrevious", "btnNext", "btnLast"})
+            QVERIFY(!ScrollerButton(button)->isEnabled());
+    }
+
+    void testDetailsOfAListSetThePosition()
+    {
+        host.currentNode = tree->FindByTag(QStringLiteral("2"));
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        QTRY_COMPARE(filled->size(), 1);
+        protocol->DocumentComplete(Page("product_details.html?id=") +
+                                   protocol->ProductRows().Text(6, 0));
+        QTRY_COMPARE(filled->size(), 2);
+        QCOMPARE(Counter(), QStringLiteral("6/12"));
+        for (const char *button : {"btnFirst", "btnPrevious", "btnNext", "btnLast"})
+            QVERIFY(ScrollerButton(button)->isEnabled());
+    }
+
+    void testWelcomePageSwitchesTheStepsOff()
+    {
+        scroller->SetCount(5);
+        scroller->SetItemIndex(3);
+        protocol->DocumentComplete(Page("welcome.html"));
+        QCOMPARE(Counter(), QString());
+        QVERIFY(!ScrollerButton("btnNext")->isEnabled());
+    }
+
+    void testBackIsOfferedOnceThereIsAPageBefore()
+    {
+        protocol->DocumentComplete(Page("welcome.html"));
+        QVERIFY(!ScrollerButton("btnBack")->isEnabled());
+        host.currentNode = tree->FindByTag(QStringLiteral("2"));
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        QTRY_COMPARE(filled->size(), 1);
+        QVERIFY(ScrollerButton("btnBack")->isEnabled());
     }
 
     void testDetailsOfASetReplaceTheRowsByItsMembers()
@@ -209,6 +321,16 @@ private Q_SLOTS:
     }
 
 private:
+    QString Counter() const
+    {
+        return scroller->findChild<QLabel *>(QStringLiteral("Counter"))->text();
+    }
+
+    QAbstractButton *ScrollerButton(const char *name) const
+    {
+        return scroller->findChild<QAbstractButton *>(QLatin1String(name));
+    }
+
     std::unique_ptr<TestApplication> application;
     std::unique_ptr<HtmlBuilder> builder;
     std::unique_ptr<CategoryTree> tree;
