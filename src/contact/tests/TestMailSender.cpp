@@ -1,5 +1,8 @@
 #include "contact/MailSender.h"
 
+#include <QFile>
+#include <QScopeGuard>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
 
@@ -163,6 +166,46 @@ private Q_SLOTS:
         const QByteArray encoded = opened[0].mid(opened[0].indexOf("&body=") + 6);
         QCOMPARE(QString::fromUtf8(Decoded(encoded)), body);
     }
+
+#ifdef Q_OS_LINUX
+
+    void testSystemsOpenerGetsTheAddressAsOneArgument()
+    {
+        const QTemporaryDir folder;
+        const QString noted = folder.filePath(QStringLiteral("noted"));
+        QFile program(folder.filePath(QStringLiteral("xdg-open")));
+        QVERIFY(program.open(QIODevice::WriteOnly));
+        program.write("#!/bin/sh\nprintf '%s\\n' \"$#\" \"$1\" > '" + noted.toUtf8() +
+                      ".new'\nmv '" + noted.toUtf8() + ".new' '" + noted.toUtf8() + "'\n");
+        program.close();
+        QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        const QByteArray path = qgetenv("PATH");
+        const QScopeGuard restorePath([&path] { qputenv("PATH", path); });
+        qputenv("PATH", folder.path().toUtf8() + ':' + path);
+
+        const MailSender systemsSender;
+        systemsSender.SendMail(Recipient, QStringLiteral("ä-b"),
+                               QStringLiteral("$HOME `id` 'a' \"b\"\r\n") +
+                                   QStringLiteral("x").repeated(100000));
+        QTRY_VERIFY(QFile::exists(noted));
+        QFile result(noted);
+        QVERIFY(result.open(QIODevice::ReadOnly));
+        QCOMPARE(result.readAll(),
+                 "1\nmailto:info@maker.example?subject=%C3%A4%2Db&body=%24HOME%20%60id%60%20%27a"
+                 "%27%20%22b%22%0D%0A" +
+                     QByteArray(100000, 'x') + '\n');
+    }
+
+    void testSystemWithoutOpenerRefuses()
+    {
+        const QTemporaryDir folder;
+        const QByteArray path = qgetenv("PATH");
+        const QScopeGuard restorePath([&path] { qputenv("PATH", path); });
+        qputenv("PATH", folder.path().toUtf8());
+        QVERIFY(!MailSender::SystemOpener()("mailto:info@maker.example"));
+    }
+
+#endif
 
     void testRefusedAddressLeavesALineWithoutTheCustomersData()
     {
