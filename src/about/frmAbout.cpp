@@ -42,8 +42,9 @@ const QString ProgramFile = QStringLiteral("\\MSINFO32.EXE");
 // Pixels.
 constexpr int Margin = 24;
 constexpr int Gap = 16;
-constexpr int TextWidth = 420;
-constexpr int TitleSize = 20;
+
+constexpr int CharactersOfALine = 60;
+constexpr double TitleScale = 1.6;
 
 QLabel *AddText(QBoxLayout *rows, const QString &name)
 {
@@ -51,7 +52,7 @@ QLabel *AddText(QBoxLayout *rows, const QString &name)
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setMinimumWidth(TextWidth);
+    label->setMinimumWidth(label->fontMetrics().averageCharWidth() * CharactersOfALine);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     rows->addWidget(label);
     return label;
@@ -94,7 +95,7 @@ void frmAbout::Build()
     rows->setContentsMargins(Margin, Margin, Margin, Margin);
     lblTitle = AddText(rows, QStringLiteral("lblTitle"));
     QFont titleFont = lblTitle->font();
-    titleFont.setPixelSize(TitleSize);
+    titleFont.setPixelSize(qRound(lblTitle->fontInfo().pixelSize() * TitleScale));
     titleFont.setBold(true);
     lblTitle->setFont(titleFont);
     lblVersion = AddText(rows, QStringLiteral("lblVersion"));

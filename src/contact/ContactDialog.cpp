@@ -12,6 +12,8 @@
 #include <QScrollBar>
 #include <QShowEvent>
 
+#include <algorithm>
+
 namespace Tesk {
 
 namespace {
@@ -20,6 +22,7 @@ const QString MakersAddress = QStringLiteral("info@tesk-instruments.example");
 
 // Pixels.
 constexpr int Margin = 16;
+constexpr int LeastOpeningWidth = 784;
 constexpr QSize WindowFrame(16, 48);
 
 } // namespace
@@ -103,7 +106,7 @@ void ContactDialog::FitToScreen()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     const QSize room = screen()->availableGeometry().size() - WindowFrame;
     const int aroundForm = layout()->sizeHint().height() - area->sizeHint().height();
-    int width = form->sizeHint().width();
+    int width = std::max(form->sizeHint().width(), LeastOpeningWidth);
     const int height = heightAt(width) + aroundForm;
     if (height > room.height())
         width += area->verticalScrollBar()->sizeHint().width();

@@ -35,8 +35,8 @@ constexpr QColor FaultyField(255, 200, 200);
 // Pixels.
 constexpr int ColumnGap = 24;
 constexpr int Gap = 8;
-constexpr int LeastFieldWidth = 160;
-constexpr QSize LeastNotesSize(320, 72);
+constexpr int LeastFieldWidth = 140;
+constexpr QSize LeastNotesSize(300, 60);
 
 enum Column { LabelColumn, MarkerColumn, FieldColumn };
 
@@ -108,8 +108,8 @@ ContactForm::ContactForm(ContactKind kind, const ContactServices &contactService
     auto *const right = new QVBoxLayout;
     for (QBoxLayout *const column : {left, right})
         column->setSpacing(Gap);
-    columns->addLayout(left, 1);
-    columns->addLayout(right, 1);
+    columns->addLayout(left);
+    columns->addLayout(right);
 
     auto *const grid = new QGridLayout;
     grid->setSpacing(Gap);
@@ -145,6 +145,8 @@ void ContactForm::BuildAddress(QGridLayout *grid)
     // Scrolling past the list with the wheel must not choose another type.
     InstType->setFocusPolicy(Qt::StrongFocus);
     InstType->installEventFilter(this);
+    InstType->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    InstType->setMinimumWidth(LeastFieldWidth);
     InstTypeLabel = AddLabel(grid, InstType);
     for (const ContactField &field : FieldsOf(kind)) {
         if (field.name == PersonName)
