@@ -116,7 +116,8 @@ private Q_SLOTS:
         const ResultTable rows = window->Protocol().ProductRows();
         const QString first = rows.Text(1, 0);
         const QString second = rows.Text(2, 0);
-        QVERIFY(catalogue->Click(QStringLiteral("[onclick$=\"id=%1';\"] td:nth-child(2)").arg(first)));
+        QVERIFY(
+            catalogue->Click(QStringLiteral("[onclick$=\"id=%1';\"] td:nth-child(2)").arg(first)));
         QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("product_details.html?id=") + first));
 
         Press(*window, Qt::Key_PageDown, Qt::AltModifier);
@@ -199,8 +200,7 @@ private Q_SLOTS:
     {
         bool isPrintDialog = false;
         QVERIFY(CatalogueWindow::AnswerDialogs(
-            [this] { Press(*window, Qt::Key_P, Qt::ControlModifier); },
-            {[&](QWidget *dialog) {
+            [this] { Press(*window, Qt::Key_P, Qt::ControlModifier); }, {[&](QWidget *dialog) {
                 isPrintDialog = qobject_cast<QPrintDialog *>(dialog) != nullptr;
                 QTest::keyClick(dialog, Qt::Key_Escape);
             }}));

@@ -96,7 +96,8 @@ private Q_SLOTS:
                 setId = rows.Text(row, 0);
         }
         QVERIFY(!setId.isEmpty());
-        QVERIFY(catalogue->Click(QStringLiteral("[onclick$=\"id=%1';\"] td:nth-child(2)").arg(setId)));
+        QVERIFY(
+            catalogue->Click(QStringLiteral("[onclick$=\"id=%1';\"] td:nth-child(2)").arg(setId)));
         QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("product_details.html?id=") + setId));
 
         PressBack();
