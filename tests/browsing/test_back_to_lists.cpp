@@ -27,7 +27,7 @@ const QString IrisScissors = QStringLiteral("5");
 } // namespace
 
 /// What the user finds when he goes back from one kind of page to another.
-class TestWayBack final : public QObject
+class TestBackToLists final : public QObject
 {
     Q_OBJECT
 
@@ -184,8 +184,8 @@ int main(int argc, char *argv[])
 {
     ConfigureEngine();
     CatalogApplication application(argc, argv);
-    TestWayBack test;
+    TestBackToLists test;
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "test_way_back.moc"
+#include "test_back_to_lists.moc"
