@@ -303,6 +303,7 @@ private Q_SLOTS:
         fixture->Open<dlgContactOrder>();
         fixture->Line("Street")->setFocus();
         auto *const list = fixture->Find<QComboBox>("InstType");
+        QCOMPARE(list->focusPolicy(), Qt::StrongFocus);
         const QPointF place = list->rect().center();
         QWheelEvent event(place, list->mapToGlobal(place), {}, {0, -120}, Qt::NoButton,
                           Qt::NoModifier, Qt::NoScrollPhase, false);
