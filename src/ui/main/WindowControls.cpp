@@ -116,7 +116,6 @@ void WindowControls::AddTabs(const Controller &controller, QWebEngineProfile *pr
     // Nothing can be shown there yet.
     tabMain->setTabEnabled(CartTab, false);
     menus->mContact->setEnabled(false);
-    menus->mInfo->setEnabled(false);
 }
 
 QWidget *WindowControls::CategoriesPage()

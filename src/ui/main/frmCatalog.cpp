@@ -1,5 +1,6 @@
 #include "ui/main/frmCatalog.h"
 
+#include "about/frmAbout.h"
 #include "base/CodePage.h"
 #include "base/Errors.h"
 #include "browser/PagePrinter.h"
@@ -100,6 +101,11 @@ void frmCatalog::ConnectControls()
     connect(menus->mExit, &QAction::triggered, this, &frmCatalog::AskAndExit);
     connect(menus->mSettings, &QAction::triggered, this, [this] {
         QMessageBox(QMessageBox::Information, QString(), SettingsMessage, QMessageBox::Ok, this)
+            .exec();
+    });
+    connect(menus->mInfo, &QAction::triggered, this, [this] {
+        frmAbout([this](const QString &key) { return controller.GetText(key); },
+                 controller.ApplicationDirectory(), this)
             .exec();
     });
 }
