@@ -84,7 +84,6 @@ void NavLeft::Initialize(const CategoryTree &tree)
     OrderTabStops();
     ClearMark();
     SetTabStop(0);
-    area->verticalScrollBar()->setValue(0);
 }
 
 // Made after the rest of the window, the entries would come last. Qt orders only what takes the
@@ -174,10 +173,16 @@ bool NavLeft::eventFilter(QObject *watched, QEvent *event)
         if (watched == items)
             HoverEntry(items->IndexOf(items->childAt(static_cast<QMouseEvent *>(event)->pos())));
         break;
+    case QEvent::Leave:
+        // Onto the scroll bar, which is the menu's own.
+        if (watched == items)
+            ResetMouseCapture();
+        break;
     case QEvent::FocusIn:
         if (index >= 0) {
             SetTabStop(index);
-            area->ensureWidgetVisible(items->Entry(index), 0, 0);
+            // A heading above it shows too: the first entry's place is as high as one.
+            area->ensureWidgetVisible(items->Entry(index), 0, items->Entry(0)->y());
         }
         break;
     case QEvent::KeyPress:

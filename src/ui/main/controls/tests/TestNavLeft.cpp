@@ -1,16 +1,9 @@
-#include "core/CategoryTree.h"
-#include "core/ResultTable.h"
-#include "ui/main/controls/NavEntry.h"
-#include "ui/main/controls/NavHeading.h"
-#include "ui/main/controls/NavLeft.h"
+#include "ui/main/controls/tests/NavLeftFixture.h"
 
 #include <QAccessible>
-#include <QHBoxLayout>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTest>
-#include <QWindow>
 
 using namespace Tesk;
 
@@ -20,38 +13,14 @@ const QColor red(219, 39, 28);
 const QColor white(255, 255, 255);
 const QColor grey(204, 204, 204);
 
-/// A category's ID, TREE_ID, parent's TREE_ID and title.
-using Row = std::vector<QString>;
-
-Row Category(int id, const QString &title, int parent = 0)
-{
-    return {QString::number(id), QString::number(id),
-            parent == 0 ? QString() : QString::number(parent), title};
-}
-
-ResultTable Categories(const std::vector<Row> &rows)
-{
-    ResultTable table({QStringLiteral("ID"), QStringLiteral("TREE_ID"), QStringLiteral("parent"),
-                       QStringLiteral("title")});
-    for (const Row &row : rows)
-        table.AddRow(row);
-    return table;
-}
-
-const std::vector<Row> twoLevels = {
-    Category(1, QStringLiteral("Scissors")),       Category(11, QStringLiteral("Operating"), 1),
-    Category(12, QStringLiteral("Dissecting"), 1), Category(13, QStringLiteral("Ligature"), 1),
-    Category(2, QStringLiteral("Forceps")),        Category(21, QStringLiteral("Tissue"), 2),
-    Category(22, QStringLiteral("Dressing"), 2)};
-
 } // namespace
 
-class TestNavLeft : public QObject
+class TestNavLeft : public QObject, private NavLeftFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { SetUp(); }
 
     void testHeadingsAndEntriesStandInTheirPlaces();
     void testGrandchildrenHaveNoEntries();
@@ -76,71 +45,9 @@ private Q_SLOTS:
     void testSmallerTreeRemovesTheSurplus();
     void testKeysLeadThroughTheEntries();
     void testOneEntryIsReachedByTab();
-    void testLongMenuScrollsToTheFocusedEntry();
-    void testMarkedEntryScrollsIntoView();
     void testAmpersandIsShownAsItIs();
     void testReadersOfTheScreenLearnNameRoleAndMark();
-
-private:
-    void Initialize(const std::vector<Row> &rows);
-    QList<NavHeading *> Headings() const { return menu->findChildren<NavHeading *>(); }
-    QList<NavEntry *> Entries() const { return menu->findChildren<NavEntry *>(); }
-    QStringList GreyCaptions() const;
-    /// Moves the pointer to the point of the widget as the window system would.
-    void MovePointer(QWidget *target, const QPoint &point);
-
-    std::unique_ptr<QWidget> window;
-    NavLeft *menu = nullptr;
-    CategoryTree tree;
-    QString searchCaption;
 };
-
-void TestNavLeft::init()
-{
-    tree = {};
-    searchCaption = QStringLiteral("Detail search");
-    window = std::make_unique<QWidget>();
-    menu = new NavLeft(
-        [this](const QString &key) {
-            return key == QLatin1String("searchDetail") ? searchCaption : key;
-        },
-        window.get());
-    QFont small;
-    small.setPixelSize(11);
-    menu->setFont(small);
-    auto *const layout = new QHBoxLayout(window.get());
-    layout->addWidget(menu);
-    layout->addStretch();
-    window->resize(500, 600);
-    window->show();
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window.get()));
-    Initialize(twoLevels);
-    MovePointer(window.get(), QPoint(490, 590));
-}
-
-void TestNavLeft::Initialize(const std::vector<Row> &rows)
-{
-    tree.Fill(Categories(rows));
-    menu->Initialize(tree);
-    QCoreApplication::processEvents();
-}
-
-QStringList TestNavLeft::GreyCaptions() const
-{
-    QStringList captions;
-    for (const NavEntry *entry : Entries()) {
-        if (entry->IsGrey())
-            captions.append(entry->Caption());
-    }
-    return captions;
-}
-
-void TestNavLeft::MovePointer(QWidget *target, const QPoint &point)
-{
-    QTest::mouseMove(window->windowHandle(), target->mapTo(window.get(), point));
-    QCoreApplication::processEvents();
-}
 
 void TestNavLeft::testHeadingsAndEntriesStandInTheirPlaces()
 {
@@ -442,31 +349,6 @@ void TestNavLeft::testOneEntryIsReachedByTab()
     Entries()[3]->setFocus();
     QTest::keyClick(Entries()[3], Qt::Key_Down);
     QCOMPARE(stops(), QStringList({QStringLiteral("Dressing")}));
-}
-
-void TestNavLeft::testLongMenuScrollsToTheFocusedEntry()
-{
-    const int usualWidth = menu->width();
-    window->resize(500, 120);
-    QCoreApplication::processEvents();
-    const QScrollBar *bar = menu->findChild<QScrollArea *>()->verticalScrollBar();
-    QVERIFY(bar->isVisible());
-    // The bar stands beside the entries, not on them.
-    QCOMPARE(menu->width(), usualWidth + bar->width());
-
-    QVERIFY(Entries().last()->visibleRegion().isEmpty());
-    Entries().first()->setFocus();
-    QTest::keyClick(Entries().first(), Qt::Key_End);
-    QCOMPARE(Entries().last()->visibleRegion().boundingRect(), Entries().last()->rect());
-}
-
-void TestNavLeft::testMarkedEntryScrollsIntoView()
-{
-    window->resize(500, 120);
-    QCoreApplication::processEvents();
-    QVERIFY(Entries()[4]->visibleRegion().isEmpty());
-    menu->selectSubCategory(QStringLiteral("22"));
-    QCOMPARE(Entries()[4]->visibleRegion().boundingRect(), Entries()[4]->rect());
 }
 
 void TestNavLeft::testAmpersandIsShownAsItIs()
