@@ -25,12 +25,14 @@ constexpr int PollLimit = 300; // milliseconds
 
 } // namespace
 
-CatalogueWindow::CatalogueWindow(const QString &applicationDirectory, const QString &language)
+CatalogueWindow::CatalogueWindow(const QString &applicationDirectory, const QString &language,
+                                 const QLocale &userLocale)
     : registry(settingsFolder.filePath(QStringLiteral("settings.json")))
 {
     registry.RegSetString(SettingsKey, QStringLiteral("Location"), language);
-    controller = std::make_unique<Controller>(applicationDirectory, registry,
-                                              settingsFolder.filePath(QStringLiteral("cache")));
+    controller =
+        std::make_unique<Controller>(applicationDirectory, registry,
+                                     settingsFolder.filePath(QStringLiteral("cache")), userLocale);
     QWebEngineProfile *const profile =
         CreateLocalProfile(applicationDirectory + QLatin1String("/resources.chm"),
                            applicationDirectory, &profileOwner);
@@ -161,6 +163,13 @@ bool CopyApplicationDirectory(const QString &source, const QString &target)
             return false;
     }
     return true;
+}
+
+bool CopyWithDatabase(const QString &source, const QString &target, const QString &databaseFile)
+{
+    const QString database = target + QLatin1String("/catalog.db");
+    return CopyApplicationDirectory(source, target) && QFile::remove(database) &&
+           QFile::copy(databaseFile, database);
 }
 
 } // namespace Tesk

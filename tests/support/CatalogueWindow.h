@@ -4,6 +4,7 @@
 #include "core/Registry.h"
 #include "ui/main/frmCatalog.h"
 
+#include <QLocale>
 #include <QObject>
 #include <QTemporaryDir>
 #include <QVariant>
@@ -21,8 +22,10 @@ class CatalogueWindow final
 {
 public:
     /// Starts the program in the language of this name ("German" … "Italian") and shows the window.
+    /// `userLocale` is the one in which the user types lengths.
     explicit CatalogueWindow(const QString &applicationDirectory,
-                             const QString &language = QStringLiteral("English"));
+                             const QString &language = QStringLiteral("English"),
+                             const QLocale &userLocale = QLocale::c());
     ~CatalogueWindow();
 
     frmCatalog &Window() { return *window; }
@@ -64,5 +67,7 @@ private:
 
 /// A copy of the application directory `source` at `target`, its executable left out.
 bool CopyApplicationDirectory(const QString &source, const QString &target);
+/// The same, with this file as the copy's catalog.db.
+bool CopyWithDatabase(const QString &source, const QString &target, const QString &databaseFile);
 
 } // namespace Tesk

@@ -1,0 +1,187 @@
+#include "browser/WebBrowser.h"
+#include "support/CatalogueWindow.h"
+#include "support/EngineTest.h"
+#include "support/SampleCatalogue.h"
+#include "support/ShownPage.h"
+#include "support/UserActions.h"
+#include "support/WaitUntil.h"
+#include "ui/main/CategoryTreeView.h"
+#include "ui/main/HeaderBand.h"
+#include "ui/main/MainMenu.h"
+#include "ui/main/PageProtocol.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QTest>
+
+using namespace Tesk;
+
+/// Languages and units, changed while the sample catalogue is read.
+class TestLanguages final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void testLanguageChangeKeepsTheNodeAndRefillsThePage()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        const CategoryNode *const leaf = FindLongLeaf(catalogue);
+        ClickInTree(catalogue, leaf);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
+        const QString english = leaf->text;
+        QTest::mouseClick(catalogue.Window().header->btnLang[0], Qt::LeftButton);
+        QCOMPARE(catalogue.Window().CurrentNode(), leaf);
+        QVERIFY(leaf->text != english);
+        QCOMPARE(catalogue.Window().TreeViewCategories->ItemOf(leaf)->text(0), leaf->text);
+        QVERIFY(WaitUntil([&] {
+            return InnerText(catalogue, QStringLiteral("caption")).trimmed() == leaf->text;
+        }));
+        QCOMPARE(catalogue.Window().tabMain->tabText(0),
+                 catalogue.GetController().GetText(QStringLiteral("tabControlMain")));
+        QCOMPARE(catalogue.GetRegistry().RegGetString(SettingsKey, QStringLiteral("Location")),
+                 QStringLiteral("German"));
+    }
+
+    void testMenuAndLabelChooseALanguageAlike()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        const auto highlight = [&] {
+            QString marks;
+            for (size_t i = 0; i < 5; ++i)
+                marks += QString::number(catalogue.Window().header->btnLang[i]->isChecked()) +
+                         QString::number(catalogue.Window().menus->mLanguageSelect[i]->isChecked());
+            return marks;
+        };
+        QCOMPARE(highlight(), QStringLiteral("0011000000"));
+        QTest::mouseClick(catalogue.Window().header->btnLang[2], Qt::LeftButton);
+        QCOMPARE(highlight(), QStringLiteral("0000110000"));
+        catalogue.Window().menus->mLanguageSelect[3]->trigger();
+        QCOMPARE(highlight(), QStringLiteral("0000001100"));
+        catalogue.Window().menus->mLanguageSelect[3]->trigger();
+        QCOMPARE(highlight(), QStringLiteral("0000001100"));
+        QTest::mouseClick(catalogue.Window().header->btnLang[3], Qt::LeftButton);
+        QCOMPARE(highlight(), QStringLiteral("0000001100"));
+        QCOMPARE(catalogue.GetController().Languages().CurrentCode(), QStringLiteral("sp"));
+    }
+
+    void testLanguageChangeRefillsThePageBehindAJump()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        const CategoryNode *const leaf = FindLongLeaf(catalogue);
+        ClickInTree(catalogue, leaf);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
+        QSignalSpy filled(&catalogue.Window().Protocol(), &PageProtocol::PageFilled);
+        catalogue.Evaluate(QStringLiteral("location.hash = 'contListRow5'"));
+        QVERIFY(WaitUntil([&] { return filled.size() == 1; }));
+        QVERIFY(catalogue.Window().Protocol().CurrentUrl().endsWith(
+            leaf->tag + QLatin1String("#contListRow5")));
+        QCOMPARE(RowCount(catalogue), 20);
+        const QString english = leaf->text;
+        QTest::mouseClick(catalogue.Window().header->btnLang[0], Qt::LeftButton);
+        QVERIFY(leaf->text != english);
+        QVERIFY(WaitUntil([&] {
+            return InnerText(catalogue, QStringLiteral("caption")).trimmed() == leaf->text;
+        }));
+        QCOMPARE(RowCount(catalogue), 20);
+    }
+
+    void testDocumentComesBackInTheNewLanguage()
+    {
+        CatalogueWindow catalogue(SampleCatalogue, QStringLiteral("German"));
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        QSignalSpy complete(catalogue.Window().wbMain, &WebBrowser::DocumentComplete);
+        catalogue.Window().wbMain->Navigate(
+            catalogue.GetController().GetInfoDocumentUrl(QStringLiteral("hcare")));
+        QVERIFY(WaitUntil([&] { return complete.size() == 1; }));
+        QVERIFY(catalogue.Window().Protocol().CurrentUrl().endsWith(
+            QLatin1String("/Dokumente/info_ge_care.html")));
+        QTest::mouseClick(catalogue.Window().header->btnLang[1], Qt::LeftButton);
+        QVERIFY(WaitUntil([&] { return complete.size() == 2; }));
+        QVERIFY(catalogue.Window().Protocol().CurrentUrl().endsWith(
+            QLatin1String("/Dokumente/info_en_care.html")));
+    }
+
+    void testInchShowsTheOtherSizes()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        const CategoryNode *const leaf = FindLongLeaf(catalogue);
+        ClickInTree(catalogue, leaf);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
+        const ResultTable rows = catalogue.Window().Protocol().ProductRows();
+        const QString cm = GetField(QStringLiteral("p.sCm"), rows, 1);
+        const QString inch = GetField(QStringLiteral("p.sInch"), rows, 1);
+        QVERIFY(InnerText(catalogue, QStringLiteral("contListRow1")).contains(cm));
+        QComboBox *const units = catalogue.Window().header->cbUnitSelection;
+        units->setFocus();
+        QTest::keyClick(units, Qt::Key_Down);
+        QCOMPARE(catalogue.GetController().GetUnit(), 1);
+        QVERIFY(WaitUntil(
+            [&] { return InnerText(catalogue, QStringLiteral("contListRow1")).contains(inch); }));
+        QVERIFY(!InnerText(catalogue, QStringLiteral("contListRow1")).contains(cm));
+    }
+
+    void testAllLanguagesFillEveryPage_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("code");
+        QTest::newRow("German") << "German"
+                                << "ge";
+        QTest::newRow("English") << "English"
+                                 << "en";
+        QTest::newRow("French") << "French"
+                                << "fr";
+        QTest::newRow("Spanish") << "Spanish"
+                                 << "sp";
+        QTest::newRow("Italian") << "Italian"
+                                 << "it";
+    }
+
+    void testAllLanguagesFillEveryPage()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, code);
+        CatalogueWindow catalogue(SampleCatalogue, language);
+        QCOMPARE(catalogue.GetController().Languages().CurrentCode(), code);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        const CategoryNode *const leaf = FindLongLeaf(catalogue);
+        QVERIFY(leaf != nullptr);
+        ClickInTree(catalogue, leaf);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
+        QCOMPARE(InnerText(catalogue, QStringLiteral("caption")).trimmed(), leaf->text);
+        QVERIFY(InnerText(catalogue, QStringLiteral("list"))
+                    .contains(catalogue.GetController().GetText(
+                        QStringLiteral("productListCaptionDescription"))));
+        const ResultTable rows = catalogue.Window().Protocol().ProductRows();
+        QVERIFY(catalogue.Click(QStringLiteral("#contListRow1 a.prodItem")));
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_details.html")));
+        QCOMPARE(InnerText(catalogue, QStringLiteral("productTitle")).trimmed(),
+                 GetField(QStringLiteral("l.name"), rows, 1));
+    }
+
+    void testButtonsOfTheDesktopSpeakTheLanguage()
+    {
+        CatalogueWindow catalogue(SampleCatalogue, QStringLiteral("German"));
+        const auto yes = [] {
+            QMessageBox box(QMessageBox::NoIcon, QString(), QString(), QMessageBox::Yes);
+            return box.button(QMessageBox::Yes)->text().remove(u'&');
+        };
+        QCOMPARE(yes(), QStringLiteral("Ja"));
+        QTest::mouseClick(catalogue.Window().header->btnLang[4], Qt::LeftButton);
+        QCOMPARE(yes(), QStringLiteral("Sì"));
+        QTest::mouseClick(catalogue.Window().header->btnLang[1], Qt::LeftButton);
+        QCOMPARE(yes(), QStringLiteral("Yes"));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    return RunEngineTest<TestLanguages>(argc, argv);
+}
+#include "test_languages.moc"
