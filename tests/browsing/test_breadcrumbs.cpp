@@ -1,0 +1,158 @@
+#include "browser/WebBrowser.h"
+#include "core/CategoryTree.h"
+#include "support/CatalogueWindow.h"
+#include "support/EngineTest.h"
+#include "support/SampleCatalogue.h"
+#include "support/ShownPage.h"
+#include "support/UserActions.h"
+#include "support/WaitUntil.h"
+#include "ui/main/controls/Breadcrumb.h"
+#include "ui/main/controls/CrumbButton.h"
+#include "ui/main/controls/NavEntry.h"
+#include "ui/main/controls/NavLeft.h"
+
+#include <QTabWidget>
+#include <QTest>
+
+#include <algorithm>
+
+using namespace Tesk;
+
+/// The crumbs of the real window under the mouse and the keys.
+class TestBreadcrumbs final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        catalogue = std::make_unique<CatalogueWindow>(SampleCatalogue);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("welcome.html")));
+    }
+
+    void cleanup() { catalogue.reset(); }
+
+    void testWelcomePageShowsTheHomeCrumbAlone()
+    {
+        QCOMPARE(Captions(), QStringList{QStringLiteral("tesk-shop")});
+    }
+
+    void testClickedCrumbsLeadUpAndHome()
+    {
+        const CategoryNode *const leaf = DeepLeaf();
+        QVERIFY(leaf != nullptr);
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickInTree(*catalogue, leaf); }));
+        QStringList path;
+        for (const CategoryNode *node = leaf; node != nullptr; node = node->parent)
+            path.prepend(node->text);
+        QVERIFY(path.size() >= 3);
+        QCOMPARE(Captions(), QStringList{QStringLiteral("tesk-shop")} + path);
+
+        // Shorter paths hide the crumbs that they do not need.
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickOn(Shown()[1]); }));
+        QVERIFY(WaitUntil([&] { return Captions().size() == 2; }));
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("category_list.html?id=")));
+        QCOMPARE(ShownCaption(*catalogue), path.first());
+        QCOMPARE(catalogue->Window().CurrentNode()->text, path.first());
+        QCOMPARE(Captions(), QStringList({QStringLiteral("tesk-shop"), path.first()}));
+
+        ClickOn(Shown()[0]);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("welcome.html")));
+        QCOMPARE(Captions(), QStringList{QStringLiteral("tesk-shop")});
+    }
+
+    void testCrumbOfTheListOpensItAgain()
+    {
+        const CategoryNode *const leaf = DeepLeaf();
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickInTree(*catalogue, leaf); }));
+        QVERIFY(WaitForFillAfter(*catalogue, [&] {
+            QVERIFY(catalogue->Click(QStringLiteral("#contListRow1 td:nth-child(2)")));
+        }));
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickOn(Shown().last()); }));
+        QVERIFY(catalogue->Window().wbMain->Address().endsWith(
+            QLatin1String("product_list.html?firstItem=1&id=") + leaf->tag));
+        QCOMPARE(ShownCaption(*catalogue), leaf->text);
+    }
+
+    void testCrumbWithoutLinkDoesNothing()
+    {
+        frmCatalog &window = catalogue->Window();
+        NavEntry *const search = window.ucNavLeft->findChildren<NavEntry *>().last();
+        QVERIFY(TurnWheelTo(window.ucNavLeft, search));
+        ClickOn(search);
+        QCOMPARE(window.tabMain->currentIndex(), int(frmCatalog::SearchTab));
+        QCOMPARE(Captions(),
+                 QStringList({QStringLiteral("tesk-shop"), QStringLiteral("Detailsuche")}));
+        const QString address = window.wbMain->Address();
+        ClickOn(Shown()[1]);
+        // The page answers behind whatever the click might have started.
+        catalogue->Evaluate(QStringLiteral("document.title"));
+        QCOMPARE(window.tabMain->currentIndex(), int(frmCatalog::SearchTab));
+        QCOMPARE(window.wbMain->Address(), address);
+        QCOMPARE(Captions().size(), 2);
+        QVERIFY(!window.History().HasMoreEntries());
+
+        // The home crumb beside it still leads home.
+        ClickOn(Shown()[0]);
+        QCOMPARE(window.tabMain->currentIndex(), int(frmCatalog::ProductsTab));
+        QVERIFY(WaitUntil([&] { return Captions().size() == 1; }));
+    }
+
+    void testKeysPressACrumb()
+    {
+        const CategoryNode *const leaf = DeepLeaf();
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickInTree(*catalogue, leaf); }));
+        Shown()[0]->setFocus(Qt::TabFocusReason);
+        PressKey(Shown()[0], Qt::Key_Tab);
+        QVERIFY(Shown()[1]->hasFocus());
+        const QString caption = Captions()[1];
+        PressKey(Shown()[1], Qt::Key_Return);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("category_list.html?id=")));
+        QVERIFY(WaitUntil([&] { return ShownCaption(*catalogue) == caption; }));
+    }
+
+    void testSearchResultsHaveTheHomeCrumbAlone()
+    {
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickInTree(*catalogue, DeepLeaf()); }));
+        QVERIFY(WaitForFillAfter(*catalogue,
+                                 [&] { FastSearchFor(*catalogue, QStringLiteral("metzenbaum")); }));
+        QCOMPARE(Captions(), QStringList{QStringLiteral("tesk-shop")});
+    }
+
+private:
+    /// A leaf with products below at least two other categories.
+    const CategoryNode *DeepLeaf()
+    {
+        for (const auto &node : catalogue->Window().Tree().Nodes()) {
+            const CategoryNode *const parent = node->parent;
+            if (!node->HasChildren() && parent != nullptr && parent->parent != nullptr &&
+                catalogue->GetController().Queries().QueryProductsOfCategory(node->tag).HasData())
+                return node.get();
+        }
+        return nullptr;
+    }
+
+    QList<CrumbButton *> Shown()
+    {
+        auto crumbs = catalogue->Window().ucBreadcrumb->findChildren<CrumbButton *>();
+        crumbs.removeIf([](const CrumbButton *crumb) { return !crumb->isVisible(); });
+        return crumbs;
+    }
+
+    QStringList Captions()
+    {
+        QStringList captions;
+        const auto shown = Shown();
+        for (const CrumbButton *const crumb : shown)
+            captions.append(crumb->Caption());
+        return captions;
+    }
+
+    std::unique_ptr<CatalogueWindow> catalogue;
+};
+
+int main(int argc, char **argv)
+{
+    return RunEngineTest<TestBreadcrumbs>(argc, argv);
+}
+#include "test_breadcrumbs.moc"
