@@ -6,6 +6,7 @@
 #include "ui/main/controls/ShortcutKeys.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -14,9 +15,14 @@ namespace Tesk {
 
 namespace {
 
-constexpr int BandHeight = 60;    // pixels
-constexpr int ControlHeight = 28; // pixels
-constexpr int SideMargin = 12;    // pixels
+constexpr int BandHeight = 60;      // pixels
+constexpr int ControlHeight = 28;   // pixels
+constexpr int TwoRowsHeight = 76;   // pixels
+constexpr int SideMargin = 12;      // pixels
+constexpr int LogoDistance = 11;    // pixels
+constexpr int ControlDistance = 3;  // pixels
+constexpr int LeastFieldWidth = 80; // pixels
+constexpr int MostFieldWidth = 230; // pixels
 
 // The captions that stand until the texts of the current language are applied.
 const std::array<QString, HeaderBand::LanguageCount> LanguageCaptions{
@@ -63,63 +69,101 @@ HeaderBand::HeaderBand(QWidget *parent)
 {
     setAutoFillBackground(true);
     setPalette(LightPalette());
-    setFixedHeight(BandHeight);
 
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(SideMargin, 0, SideMargin, 0);
-    layout->setSpacing(3);
-
+    layout->setSpacing(LogoDistance);
     imgLogo = new LogoButton(this);
     imgLogo->setObjectName(QStringLiteral("imgLogo"));
     layout->addWidget(imgLogo);
-    layout->addSpacing(8);
 
+    halves = new QBoxLayout(QBoxLayout::LeftToRight);
+    halves->setSpacing(ControlDistance);
+    links = BuildLinks();
+    search = BuildSearch();
+    halves->addWidget(links);
+    halves->addWidget(search, 1);
+    layout->addLayout(halves, 1);
+    FitWidth();
+}
+
+QWidget *HeaderBand::BuildLinks()
+{
+    auto *const row = new QWidget(this);
+    auto *const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(ControlDistance);
+    const auto add = [&](const QString &name, const QString &caption) {
+        auto *const button = new QPushButton(caption, row);
+        button->setObjectName(name);
+        button->setStyleSheet(FlatButtonStyle());
+        button->setCursor(Qt::PointingHandCursor);
+        button->setAutoDefault(false);
+        layout->addWidget(button);
+        return button;
+    };
     for (size_t i = 0; i < btnLang.size(); ++i) {
-        btnLang[i] = AddFlatButton(QStringLiteral("btnLang%1").arg(i), LanguageCaptions[i]);
+        btnLang[i] = add(QStringLiteral("btnLang%1").arg(i), LanguageCaptions[i]);
         btnLang[i]->setCheckable(true);
     }
-    btnInfo = AddFlatButton(QStringLiteral("btnInfo"), QStringLiteral("info"));
+    btnInfo = add(QStringLiteral("btnInfo"), QStringLiteral("info"));
+    layout->addStretch(1);
+    return row;
+}
+
+QWidget *HeaderBand::BuildSearch()
+{
+    auto *const row = new QWidget(this);
+    auto *const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(ControlDistance);
     layout->addStretch(1);
 
-    cbUnitSelection = new QComboBox(this);
+    cbUnitSelection = new QComboBox(row);
     cbUnitSelection->setObjectName(QStringLiteral("cbUnitSelection"));
     cbUnitSelection->addItems({QString(), QString()});
-    layout->addWidget(cbUnitSelection);
-    layout->addSpacing(4);
 
-    tbFastSearchText = new QLineEdit(this);
+    tbFastSearchText = new QLineEdit(row);
     tbFastSearchText->setObjectName(QStringLiteral("tbFastSearchText"));
-    tbFastSearchText->setMinimumWidth(80);
-    tbFastSearchText->setMaximumWidth(230);
-    layout->addWidget(tbFastSearchText, 4);
+    tbFastSearchText->setMinimumWidth(LeastFieldWidth);
+    tbFastSearchText->setMaximumWidth(MostFieldWidth);
+    tbFastSearchText->setTextMargins(4, 0, 4, 0);
 
-    cbFastSearchType = new QComboBox(this);
+    cbFastSearchType = new QComboBox(row);
     cbFastSearchType->setObjectName(QStringLiteral("cbFastSearchType"));
     cbFastSearchType->addItems({QString(), QString(), QString()});
-    layout->addWidget(cbFastSearchType);
 
-    btnFastSearch = new QPushButton(this);
+    btnFastSearch = new QPushButton(row);
     btnFastSearch->setObjectName(QStringLiteral("btnFastSearch"));
     btnFastSearch->setStyleSheet(MainButtonStyle());
-    layout->addWidget(btnFastSearch);
 
-    tbFastSearchText->setTextMargins(4, 0, 4, 0);
     for (QComboBox *const box : {cbUnitSelection, cbFastSearchType})
         box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     for (QWidget *const control : std::initializer_list<QWidget *>{
-             cbUnitSelection, tbFastSearchText, cbFastSearchType, btnFastSearch})
+             cbUnitSelection, tbFastSearchText, cbFastSearchType, btnFastSearch}) {
         control->setMinimumHeight(ControlHeight);
+        // The field takes what the others leave.
+        layout->addWidget(control, control == tbFastSearchText ? 4 : 0);
+    }
+    return row;
 }
 
-QPushButton *HeaderBand::AddFlatButton(const QString &name, const QString &caption)
+bool HeaderBand::event(QEvent *event)
 {
-    auto *const button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setStyleSheet(FlatButtonStyle());
-    button->setCursor(Qt::PointingHandCursor);
-    button->setAutoDefault(false);
-    layout()->addWidget(button);
-    return button;
+    const bool isHandled = QWidget::event(event);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)
+        FitWidth();
+    return isHandled;
+}
+
+void HeaderBand::FitWidth()
+{
+    const int needed = 2 * SideMargin + imgLogo->sizeHint().width() + LogoDistance +
+                       links->sizeHint().width() + ControlDistance +
+                       search->minimumSizeHint().width();
+    const bool isOneRow = needed <= width();
+    halves->setDirection(isOneRow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    setFixedHeight(isOneRow ? BandHeight : TwoRowsHeight);
 }
 
 void HeaderBand::ApplyGuiTexts(const LanguageSupport &languages, int unit)

@@ -4,6 +4,7 @@
 
 #include <array>
 
+class QBoxLayout;
 class QComboBox;
 class QLineEdit;
 class QPushButton;
@@ -38,8 +39,18 @@ public:
     QComboBox *cbFastSearchType = nullptr;
     QPushButton *btnFastSearch = nullptr;
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
-    QPushButton *AddFlatButton(const QString &name, const QString &caption);
+    QWidget *BuildLinks();
+    QWidget *BuildSearch();
+    /// In one row where everything has its place, else the search below the languages.
+    void FitWidth();
+
+    QWidget *links = nullptr;
+    QWidget *search = nullptr;
+    QBoxLayout *halves = nullptr;
 };
 
 } // namespace Tesk
