@@ -139,6 +139,9 @@ QWidget *HeaderBand::BuildSearch()
 
     for (QComboBox *const box : {cbUnitSelection, cbFastSearchType})
         box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    for (QWidget *const control :
+         std::initializer_list<QWidget *>{cbUnitSelection, cbFastSearchType, btnFastSearch})
+        control->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     for (QWidget *const control : std::initializer_list<QWidget *>{
              cbUnitSelection, tbFastSearchText, cbFastSearchType, btnFastSearch}) {
         control->setMinimumHeight(ControlHeight);
