@@ -1,3 +1,5 @@
+#include "pages/ControllerPageContext.h"
+
 #include "core/Controller.h"
 #include "pages/HtmlBuilder.h"
 #include "pages/PageContext.h"
@@ -57,8 +59,13 @@ private:
 
 } // namespace
 
+std::unique_ptr<const PageContext> MakePageContext(const Controller &controller)
+{
+    return std::make_unique<ControllerPageContext>(controller);
+}
+
 HtmlBuilder::HtmlBuilder(const Controller &controller, std::function<QDate()> currentDate)
-    : HtmlBuilder(std::make_unique<ControllerPageContext>(controller), std::move(currentDate))
+    : HtmlBuilder(MakePageContext(controller), std::move(currentDate))
 {}
 
 } // namespace Tesk

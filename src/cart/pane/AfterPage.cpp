@@ -1,0 +1,58 @@
+#include "cart/pane/AfterPage.h"
+
+#include "browser/WebBrowser.h"
+#include "cart/pane/Log.h"
+
+#include <QPointer>
+#include <QWebEngineView>
+
+#include <chrono>
+#include <utility>
+
+namespace Tesk {
+
+namespace {
+
+/// Longer than a page of thousands of lines works on its layout.
+constexpr std::chrono::seconds LongestWait{8};
+
+} // namespace
+
+AfterPage::AfterPage(WebBrowser &browser)
+    : QObject(&browser)
+    , browser(browser)
+{
+    patience.setSingleShot(true);
+    connect(&patience, &QTimer::timeout, this, [this] {
+        qCWarning(cartLog, "%ls gives no answer", qUtf16Printable(this->browser.Address()));
+        GoOn();
+    });
+    // What the page knew is gone; the queue keeps the step out of the engine's callback.
+    connect(
+        browser.View()->page(), &QWebEnginePage::renderProcessTerminated, this, [this] { GoOn(); },
+        Qt::QueuedConnection);
+}
+
+void AfterPage::Run(const QString &script, Step next)
+{
+    waitingStep = std::move(next);
+    const int thisTurn = ++turn;
+    const bool isEngineRunning = browser.View()->page()->renderProcessPid() != 0;
+    patience.start(isEngineRunning ? LongestWait : std::chrono::seconds{0});
+    if (!isEngineRunning)
+        return;
+    const QPointer<AfterPage> self = this;
+    browser.RunScript(script, [self, thisTurn](const QVariant &) {
+        if (self && self->turn == thisTurn)
+            self->GoOn();
+    });
+}
+
+void AfterPage::GoOn()
+{
+    patience.stop();
+    if (const Step step = std::exchange(waitingStep, {}))
+        step();
+}
+
+} // namespace Tesk

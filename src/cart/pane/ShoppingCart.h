@@ -1,0 +1,115 @@
+#pragma once
+
+#include "browser/PagePrinter.h"
+#include "cart/pane/CartActions.h"
+#include "cart/pane/CartCommand.h"
+#include "cart/pane/CartHtml.h"
+#include "contact/ContactServices.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class QWebEngineProfile;
+
+namespace Tesk {
+
+class AfterPage;
+class CartToolbars;
+class Controller;
+class HtmlBuilder;
+class PageContext;
+class WebBrowser;
+class clsShoppingCart;
+
+/// The pane that shows and edits the shopping cart: two toolbars above a browser of its own. The
+/// cart itself is the only state; the page is written from it whenever it has loaded. Commands are
+/// addresses of the page with an action, carried out once the page shows the cart; they wait for
+/// what the user is just typing in the page. Errors of saving, loading and adding leave as
+/// CatalogueError through the event loop, after the page shows what the cart holds.
+class ShoppingCart final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// What the pane works with; all of it outlives the pane.
+    struct Parts
+    {
+        Controller &controller;
+        const HtmlBuilder &builder;
+        ContactServices contactServices;
+        QWebEngineProfile *profile;
+    };
+
+    explicit ShoppingCart(const Parts &parts, QWidget *parent = nullptr);
+    /// The same with another way of choosing the printer than the system's dialog.
+    ShoppingCart(const Parts &parts, const PagePrinter::SetUp &setUp, QWidget *parent = nullptr);
+    ~ShoppingCart() override;
+
+    /// Prints the page shown, once it is written.
+    void OnPrint();
+    /// Asks for articles by their numbers and adds them.
+    void OnManualAdd();
+    /// Sets all captions in the current language.
+    void InitGui();
+    /// Shows the cart as it is now, unless a page that will show it is under way already.
+    void Initialize();
+    /// Shows the order form of the contact form sent or printed last, and prints it.
+    void ExtContactCall(bool performPrint);
+
+    /// The pane's browser, for what the window does with every browser (zoom).
+    WebBrowser *Browser() const { return wbShoppingCart; }
+
+Q_SIGNALS:
+    /// The user wants to see the product of a line; `id` is what the line holds, of any spelling.
+    void OnProductSelect(const QString &id);
+
+private:
+    enum class Action { None, Save, SendRequest, SendOrder };
+
+    static Action ActionOf(const QString &address);
+
+    void Start(CartCommand command);
+    void Perform(CartCommand command);
+    void Load();
+    void AddManually();
+    void Empty();
+    void Print();
+    void Perform(Action action);
+    void SendForm(bool isOrder);
+
+    void DocumentComplete(const QString &address);
+    void LoadFailed();
+    void StatusTextChange(const QString &text);
+    void DeleteLine(const QString &text);
+    void ShowPage(const QString &address, bool isReload);
+    void LeaveToProduct(const QString &address);
+    void WriteCart();
+    void WriteOrderForm();
+    void UpdateButtons();
+
+    void Navigate(QLatin1String page);
+    bool IsPageUnderWay() const;
+    clsShoppingCart &Cart() const;
+
+    Parts parts;
+    std::unique_ptr<const PageContext> context;
+    CartHtml html;
+    CartActions actions;
+    CartToolbars *toolbars;
+    WebBrowser *wbShoppingCart;
+    PagePrinter *printer;
+    /// Waits for the field that the user types in; for what is written into the page.
+    AfterPage *afterEdit;
+    AfterPage *afterWriting;
+    /// The address that the pane asked for last, until its page has loaded.
+    QString requestedAddress;
+    bool isCommandRunning = false;
+    bool isPrintRequested = false;
+    /// A line was deleted or the cart was replaced: the page's keys are no longer the cart's.
+    bool isPageOutdated = false;
+    /// The engine failed and opens the last page again, whose action was carried out before.
+    bool isReloading = false;
+};
+
+} // namespace Tesk
