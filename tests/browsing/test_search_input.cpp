@@ -1,3 +1,4 @@
+#include "browser/WebBrowser.h"
 #include "core/CategoryTree.h"
 #include "search/SearchDetail.h"
 #include "support/CatalogueWindow.h"
@@ -60,7 +61,7 @@ private Q_SLOTS:
     // Whatever was tried, the next search finds what it should.
     void cleanup()
     {
-        FastSearchFor(*catalogue, OneProduct, 2);
+        QVERIFY(WaitForPageAfter([&] { FastSearchFor(*catalogue, OneProduct, 2); }));
         QCOMPARE(Hits(), 1);
         QCOMPARE(
             GetField(QStringLiteral("p.artNr"), catalogue->Window().Protocol().ProductRows(), 1),
@@ -119,13 +120,15 @@ private Q_SLOTS:
             ReplaceIn(field, text);
             QCOMPARE(field->text(), text);
             const int hits = expected[size_t(type)];
-            PressKey(field, Qt::Key_Return);
+            const auto search = [field] { PressKey(field, Qt::Key_Return); };
             if (hits == NoSearch) {
+                search();
                 // Neither the page nor what was typed changes.
                 QVERIFY(catalogue->Window().CurrentNode() != nullptr);
                 QCOMPARE(field->text(), text);
                 ReplaceIn(field, QString());
             } else {
+                QVERIFY(WaitForPageAfter(search));
                 VerifyHits(hits);
                 QVERIFY(field->text().isEmpty());
             }
@@ -281,7 +284,16 @@ private:
     void SelectACategory()
     {
         frmCatalog &window = catalogue->Window();
-        window.TreeViewCategories_NodeClick(window.Tree().Nodes().front().get());
+        QVERIFY(WaitForPageAfter(
+            [&] { window.TreeViewCategories_NodeClick(window.Tree().Nodes().front().get()); }));
+    }
+
+    /// Runs a search and waits for its page, which is yet to be filled.
+    bool WaitForPageAfter(const std::function<void()> &search)
+    {
+        const QSignalSpy pages(catalogue->Window().wbMain, &WebBrowser::DocumentComplete);
+        search();
+        return WaitUntil([&] { return !pages.isEmpty(); });
     }
 
     void VerifyHits(int hits)
@@ -307,12 +319,14 @@ private:
     {
         const QSignalSpy results(catalogue->Window().ucSearchDetail,
                                  &SearchDetail::OnNewSearchResults);
-        submit();
-        QCOMPARE(results.size(), hits == NoSearch ? 0 : 1);
-        if (hits == NoSearch)
+        if (hits == NoSearch) {
+            submit();
             QCOMPARE(catalogue->Window().tabMain->currentIndex(), int(frmCatalog::SearchTab));
-        else
+        } else {
+            QVERIFY(WaitForPageAfter(submit));
             VerifyHits(hits);
+        }
+        QCOMPARE(results.size(), hits == NoSearch ? 0 : 1);
     }
 
     void SearchInForm(const SearchForm::Fields &fields, int hits)
