@@ -5,6 +5,7 @@
 #include "core/CatalogueQueries.h"
 #include "core/queries/Trim.h"
 
+#include <QLoggingCategory>
 #include <QStringList>
 
 #include <limits>
@@ -12,6 +13,11 @@
 namespace Tesk {
 
 namespace {
+
+Q_LOGGING_CATEGORY(searchLog, "tesk.search")
+
+/// Of a text that the user typed, which may be long.
+constexpr int longestLoggedText = 100;
 
 constexpr double MillimetresOfACentimetre = 10;
 /// Not 25.4: the catalogue's own factor, by which its lengths are found.
@@ -114,8 +120,10 @@ void ConditionBuilder::AddLength(const ProductSearch &search, const QLocale &loc
             return;
         AddTerm(LengthCondition(Millimetres(value, search.unit), search.tolerance));
         condition.usesLength = true;
-    } catch (const ConversionError &) {
+    } catch (const ConversionError &error) {
         // A length that cannot be read is not asked for.
+        qCWarning(searchLog).noquote()
+            << "The length is not used:" << error.Message().left(longestLoggedText);
     }
 }
 
