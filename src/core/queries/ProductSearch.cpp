@@ -122,7 +122,7 @@ void ConditionBuilder::AddLength(const ProductSearch &search, const QLocale &loc
         condition.usesLength = true;
     } catch (const ConversionError &error) {
         // A length that cannot be read is not asked for.
-        qCWarning(searchLog).noquote()
+        qCInfo(searchLog).noquote()
             << "The length is not used:" << error.Message().left(longestLoggedText);
     }
 }
