@@ -28,6 +28,8 @@ constexpr int PollLimit = 300; // milliseconds
 CatalogueWindow::CatalogueWindow(const QString &applicationDirectory, const QString &language,
                                  const QLocale &userLocale)
     : registry(settingsFolder.filePath(QStringLiteral("settings.json")))
+    , contactServices{[this](const QString &key) { return controller->GetText(key); }, registry,
+                      mailSender, lastContact}
 {
     registry.RegSetString(SettingsKey, QStringLiteral("Location"), language);
     controller =
@@ -36,7 +38,7 @@ CatalogueWindow::CatalogueWindow(const QString &applicationDirectory, const QStr
     QWebEngineProfile *const profile =
         CreateLocalProfile(applicationDirectory + QLatin1String("/resources.chm"),
                            applicationDirectory, &profileOwner);
-    window = std::make_unique<frmCatalog>(*controller, profile);
+    window = std::make_unique<frmCatalog>(*controller, contactServices, profile);
     window->Load();
     window->show();
 }

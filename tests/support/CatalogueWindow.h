@@ -1,5 +1,8 @@
 #pragma once
 
+#include "contact/ContactServices.h"
+#include "contact/LastContact.h"
+#include "contact/MailSender.h"
 #include "core/Controller.h"
 #include "core/Registry.h"
 #include "ui/main/frmCatalog.h"
@@ -31,6 +34,8 @@ public:
     frmCatalog &Window() { return *window; }
     Controller &GetController() { return *controller; }
     Registry &GetRegistry() { return registry; }
+    /// The addresses that went to the user's mail program, as they left; it is never started.
+    const QList<QByteArray> &MailAddresses() const { return mailAddresses; }
 
     /// The value of a script expression on the page shown.
     QVariant Evaluate(const QString &expression);
@@ -61,6 +66,13 @@ private:
     QTemporaryDir settingsFolder;
     Registry registry;
     std::unique_ptr<Controller> controller;
+    QList<QByteArray> mailAddresses;
+    MailSender mailSender{[this](const QByteArray &address) {
+        mailAddresses.append(address);
+        return true;
+    }};
+    LastContact lastContact;
+    ContactServices contactServices;
     QObject profileOwner;
     std::unique_ptr<frmCatalog> window;
 };

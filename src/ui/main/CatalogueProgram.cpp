@@ -2,6 +2,9 @@
 
 #include "base/Errors.h"
 #include "browser/LocalProfile.h"
+#include "contact/ContactServices.h"
+#include "contact/LastContact.h"
+#include "contact/MailSender.h"
 #include "core/Controller.h"
 #include "core/Registry.h"
 #include "ui/main/frmCatalog.h"
@@ -38,7 +41,12 @@ int RunCatalogue(const QString &applicationDirectory, const QString &settingsFil
     QWebEngineProfile *const profile = CreateLocalProfile(applicationDirectory + QDir::separator() +
                                                               QLatin1String("resources.chm"),
                                                           applicationDirectory, &profileOwner);
-    frmCatalog window(controller, profile);
+    const MailSender mailSender;
+    LastContact lastContact;
+    const ContactServices contactServices{
+        [&controller](const QString &key) { return controller.GetText(key); }, registry, mailSender,
+        lastContact};
+    frmCatalog window(controller, contactServices, profile);
     try {
         const QString message = window.Load();
         window.show();

@@ -1,6 +1,7 @@
 #include "ui/main/WindowControls.h"
 
 #include "browser/WebBrowser.h"
+#include "cart/pane/ShoppingCart.h"
 #include "core/Controller.h"
 #include "search/SearchDetail.h"
 #include "ui/main/CategoryTreeView.h"
@@ -12,7 +13,6 @@
 #include "ui/main/controls/NavLeft.h"
 #include "ui/main/controls/ShortcutKeys.h"
 
-#include <QAction>
 #include <QFrame>
 #include <QLabel>
 #include <QMainWindow>
@@ -60,13 +60,12 @@ QVBoxLayout *ColumnIn(QWidget *widget)
 
 } // namespace
 
-void WindowControls::LayOut(QMainWindow &window, const Controller &controller,
-                            QWebEngineProfile *profile)
+void WindowControls::LayOut(QMainWindow &window, const Parts &parts)
 {
     menus = new MainMenu(window.menuBar());
 
     header = new HeaderBand;
-    ucNavLeft = new NavLeft([&controller](const QString &key) { return controller.GetText(key); });
+    ucNavLeft = new NavLeft(parts.contactServices.getText);
     ucNavLeft->setObjectName(QStringLiteral("ucNavLeft"));
 
     auto *const ground = new QWidget(&window);
@@ -75,47 +74,46 @@ void WindowControls::LayOut(QMainWindow &window, const Controller &controller,
     rows->addWidget(BandLine());
     auto *const columns = new QHBoxLayout;
     columns->addWidget(ucNavLeft);
-    columns->addWidget(PageColumn(controller, profile), 1);
+    columns->addWidget(PageColumn(parts), 1);
     rows->addLayout(columns, 1);
     window.setCentralWidget(ground);
     AddStatusBar(window);
 }
 
-QWidget *WindowControls::PageColumn(const Controller &controller, QWebEngineProfile *profile)
+QWidget *WindowControls::PageColumn(const Parts &parts)
 {
     auto *const page = new QWidget;
     QVBoxLayout *const column = ColumnIn(page);
     ucBreadcrumb = new Breadcrumb;
     ucBreadcrumb->setObjectName(QStringLiteral("ucBreadcrumb"));
-    scroller =
-        new ItemScroller([&controller](const QString &key) { return controller.GetText(key); });
+    scroller = new ItemScroller(parts.contactServices.getText);
     scroller->setObjectName(QStringLiteral("scroller"));
     auto *const band = new QHBoxLayout;
     band->addWidget(ucBreadcrumb, 1);
     band->addWidget(scroller);
     column->addLayout(band);
-    AddTabs(controller, profile);
+    AddTabs(parts);
     column->addWidget(tabMain, 1);
     return page;
 }
 
-void WindowControls::AddTabs(const Controller &controller, QWebEngineProfile *profile)
+void WindowControls::AddTabs(const Parts &parts)
 {
     tabMain = new QTabWidget;
     tabMain->setObjectName(QStringLiteral("tabMain"));
     tabMain->setDocumentMode(true);
     tabMain->setStyleSheet(TabStyle());
-    wbMain = new WebBrowser(profile);
+    wbMain = new WebBrowser(parts.profile);
     wbMain->setObjectName(QStringLiteral("wbMain"));
     tabMain->addTab(wbMain, QStringLiteral("Produkte"));
     tabMain->addTab(CategoriesPage(), QStringLiteral("Kategorien"));
-    tabMain->addTab(new QWidget, QStringLiteral("Warenkorb"));
-    ucSearchDetail = new SearchDetail(controller.Queries(), controller.Languages());
+    ucShoppingCart = new ShoppingCart(
+        ShoppingCart::Parts{parts.controller, parts.builder, parts.contactServices, parts.profile});
+    ucShoppingCart->setObjectName(QStringLiteral("ucShoppingCart"));
+    tabMain->addTab(ucShoppingCart, QStringLiteral("Warenkorb"));
+    ucSearchDetail = new SearchDetail(parts.controller.Queries(), parts.controller.Languages());
     ucSearchDetail->setObjectName(QStringLiteral("ucSearchDetail"));
     tabMain->addTab(ucSearchDetail, QStringLiteral("Detailsuche"));
-    // Nothing can be shown there yet.
-    tabMain->setTabEnabled(CartTab, false);
-    menus->mContact->setEnabled(false);
 }
 
 QWidget *WindowControls::CategoriesPage()

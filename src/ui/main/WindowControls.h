@@ -12,11 +12,14 @@ class Breadcrumb;
 class CategoryTreeView;
 class Controller;
 class HeaderBand;
+class HtmlBuilder;
 class ItemScroller;
 class MainMenu;
 class NavLeft;
 class SearchDetail;
+class ShoppingCart;
 class WebBrowser;
+struct ContactServices;
 
 /// The main window's controls, made and laid out in it. The window owns them and acts on them.
 struct WindowControls
@@ -32,19 +35,28 @@ struct WindowControls
     WebBrowser *wbMain = nullptr;
     QLabel *lblCategorySelection = nullptr;
     CategoryTreeView *TreeViewCategories = nullptr;
+    ShoppingCart *ucShoppingCart = nullptr;
     SearchDetail *ucSearchDetail = nullptr;
     QLabel *lblStatus = nullptr;
     QLabel *lblZoom = nullptr;
 
 protected:
-    /// `controller` and `profile` outlive the window; `profile` carries the resource scheme.
-    void LayOut(QMainWindow &window, const Controller &controller, QWebEngineProfile *profile);
+    /// What the controls work with; all of it outlives the window.
+    struct Parts
+    {
+        Controller &controller;
+        const HtmlBuilder &builder;
+        const ContactServices &contactServices;
+        QWebEngineProfile *profile; ///< carries the resource scheme
+    };
+
+    void LayOut(QMainWindow &window, const Parts &parts);
     /// The captions that belong to no control with a class of its own.
     void ApplyCaptions(const Controller &controller);
 
 private:
-    QWidget *PageColumn(const Controller &controller, QWebEngineProfile *profile);
-    void AddTabs(const Controller &controller, QWebEngineProfile *profile);
+    QWidget *PageColumn(const Parts &parts);
+    void AddTabs(const Parts &parts);
     QWidget *CategoriesPage();
     void AddStatusBar(QMainWindow &window);
 };

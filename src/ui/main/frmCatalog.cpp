@@ -1,13 +1,12 @@
 #include "ui/main/frmCatalog.h"
 
-#include "about/frmAbout.h"
 #include "base/CodePage.h"
 #include "base/Errors.h"
 #include "browser/PagePrinter.h"
 #include "browser/PageZoom.h"
 #include "browser/WebBrowser.h"
+#include "cart/pane/ShoppingCart.h"
 #include "core/Controller.h"
-#include "core/FileDialog.h"
 #include "search/SearchDetail.h"
 #include "ui/main/CartRequest.h"
 #include "ui/main/CategoryTreeView.h"
@@ -15,6 +14,7 @@
 #include "ui/main/HeaderBand.h"
 #include "ui/main/LogoButton.h"
 #include "ui/main/MainMenu.h"
+#include "ui/main/MenuCommands.h"
 #include "ui/main/PageAddress.h"
 #include "ui/main/PageProtocol.h"
 #include "ui/main/WindowKeys.h"
@@ -23,13 +23,11 @@
 #include "ui/main/controls/NavLeft.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QTabWidget>
@@ -39,9 +37,6 @@ namespace Tesk {
 namespace {
 
 const QLatin1String WindowTitle{"Tesk Instruments Catalog"};
-const QLatin1String PriceListFilter{"Tesk Price List (*.txt)|*.txt"};
-const quint32 PathAndFileMustExist = 0x1800;
-const QLatin1String SettingsMessage{"not implemented yet... coming soon."};
 
 const QLatin1String CategoryPage{"category_list.html?id="};
 const QLatin1String ListPage{"product_list.html?firstItem=1&id="};
@@ -60,12 +55,14 @@ constexpr QSize LeastSize{800, 560}; // pixels
 
 } // namespace
 
-frmCatalog::frmCatalog(Controller &controller, QWebEngineProfile *profile)
+frmCatalog::frmCatalog(Controller &controller, const ContactServices &contactServices,
+                       QWebEngineProfile *profile)
     : controller(controller)
     , builder(controller)
 {
     setWindowTitle(WindowTitle);
-    LayOut(*this, controller, profile);
+    LayOut(*this, {controller, builder, contactServices, profile});
+    menuCommands = new MenuCommands(*menus, controller, contactServices, this);
     protocol = std::make_unique<PageProtocol>(PageProtocol::Parts{
         controller, builder, tree, history, *wbMain, *this, pointer, *scroller});
     cartRequest = new CartRequest(controller, this);
@@ -73,6 +70,7 @@ frmCatalog::frmCatalog(Controller &controller, QWebEngineProfile *profile)
     pagePrinter = new PagePrinter(*wbMain);
     ConnectControls();
     ConnectNavigation();
+    ConnectCart();
     ConnectKeys();
     ConnectZoom();
     setMinimumSize(LeastSize);
@@ -96,18 +94,8 @@ void frmCatalog::ConnectControls()
         connect(header->btnLang[static_cast<size_t>(i)], &QAbstractButton::clicked, this, select);
         connect(menus->mLanguageSelect[static_cast<size_t>(i)], &QAction::triggered, this, select);
     }
-    connect(menus->mLoadPriceList, &QAction::triggered, this, &frmCatalog::AskAndLoadPriceList);
-    connect(menus->mPrint, &QAction::triggered, pagePrinter, [this] { pagePrinter->Print(); });
-    connect(menus->mExit, &QAction::triggered, this, &frmCatalog::AskAndExit);
-    connect(menus->mSettings, &QAction::triggered, this, [this] {
-        QMessageBox(QMessageBox::Information, QString(), SettingsMessage, QMessageBox::Ok, this)
-            .exec();
-    });
-    connect(menus->mInfo, &QAction::triggered, this, [this] {
-        frmAbout([this](const QString &key) { return controller.GetText(key); },
-                 controller.ApplicationDirectory(), this)
-            .exec();
-    });
+    connect(menus->mPrint, &QAction::triggered, this, &frmCatalog::Print);
+    connect(menuCommands, &MenuCommands::PriceListLoaded, this, &frmCatalog::ReloadPage);
 }
 
 void frmCatalog::ConnectNavigation()
@@ -124,6 +112,22 @@ void frmCatalog::ConnectNavigation()
                 history.PushEntry(SearchDetailEntry);
                 ShowSearchResults(rows);
             });
+}
+
+void frmCatalog::ConnectCart()
+{
+    connect(tabMain, &QTabWidget::currentChanged, this, [this](int tab) {
+        if (tab == CartTab)
+            ucShoppingCart->Initialize();
+    });
+    connect(ucShoppingCart, &ShoppingCart::OnProductSelect, this,
+            &frmCatalog::ShowStandaloneDetails);
+    connect(menuCommands, &MenuCommands::PriceListLoaded, ucShoppingCart,
+            &ShoppingCart::Initialize);
+    connect(menuCommands, &MenuCommands::ContactDone, this, [this](bool isForPrinting) {
+        ShowCartTab();
+        ucShoppingCart->ExtContactCall(isForPrinting);
+    });
 }
 
 void frmCatalog::ConnectKeys()
@@ -145,7 +149,7 @@ void frmCatalog::ConnectKeys()
 
 void frmCatalog::ConnectZoom()
 {
-    auto *const zoom = new PageZoom({wbMain}, this);
+    auto *const zoom = new PageZoom({wbMain, ucShoppingCart->Browser()}, this);
     connect(menus->mZoomIn, &QAction::triggered, zoom, &PageZoom::In);
     connect(menus->mZoomOut, &QAction::triggered, zoom, &PageZoom::Out);
     connect(menus->mZoomReset, &QAction::triggered, zoom, &PageZoom::Reset);
@@ -159,6 +163,7 @@ QString frmCatalog::Load()
 {
     controller.InitApplication();
     ApplyGuiTexts();
+    ucShoppingCart->Initialize();
     MarkCurrentLanguage();
     QString priceListMessage = controller.Prices().LoadPriceListAtStart();
     GoHome();
@@ -179,6 +184,8 @@ void frmCatalog::ApplyGuiTexts()
     scroller->Initialize();
     scroller->DisableScroller();
     ucSearchDetail->Initialize();
+    ucShoppingCart->InitGui();
+    ucShoppingCart->Initialize();
     if (currentNode == nullptr) {
         SetStatusText(QString());
         SetBreadcrumb({});
@@ -369,35 +376,35 @@ void frmCatalog::SelectUnit(int index)
     ApplyGuiTexts();
 }
 
-void frmCatalog::AskAndLoadPriceList()
+void frmCatalog::ShowCartTab()
 {
-    const QString path = FileDialog::ShowOpenDialog(PriceListFilter, PathAndFileMustExist, this);
-    if (path.isEmpty())
-        return;
-    controller.Prices().LoadPriceList(path);
-    ReloadPage();
+    tabMain->setCurrentIndex(CartTab);
 }
 
-bool frmCatalog::IsExitConfirmed()
+void frmCatalog::PrintCart()
 {
-    const QString question = controller.GetText(QStringLiteral("mExitConfirm"))
-                                 .replace(QLatin1String("{nl}"), QLatin1String("\n"));
-    QMessageBox box(QMessageBox::Question, QString(), question, QMessageBox::Yes | QMessageBox::No,
-                    this);
-    return box.exec() != QMessageBox::No;
+    ShowCartTab();
+    ucShoppingCart->OnPrint();
 }
 
-void frmCatalog::AskAndExit()
+void frmCatalog::ManualAddToCart()
 {
-    if (IsExitConfirmed())
-        controller.CloseDatabase();
-    // Ends the event loop itself: closing the window would ask the same question again.
-    QApplication::exit();
+    ShowCartTab();
+    ucShoppingCart->OnManualAdd();
+}
+
+/// The page that the user sees, or saw last where the tab shows none.
+void frmCatalog::Print()
+{
+    if (tabMain->currentIndex() == CartTab)
+        PrintCart();
+    else
+        pagePrinter->Print();
 }
 
 void frmCatalog::closeEvent(QCloseEvent *event)
 {
-    event->setAccepted(IsExitConfirmed());
+    event->setAccepted(menuCommands->IsExitConfirmed());
 }
 
 QString frmCatalog::ReadVersion() const

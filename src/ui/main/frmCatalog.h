@@ -19,8 +19,10 @@ namespace Tesk {
 class CartRequest;
 class Controller;
 class FastSearch;
+class MenuCommands;
 class PagePrinter;
 class PageProtocol;
+struct ContactServices;
 
 /// The main window: it owns the browser, the tree, the tabs and the menus, and wires them together.
 class frmCatalog final : public QMainWindow, public PageHost, public WindowControls
@@ -28,8 +30,9 @@ class frmCatalog final : public QMainWindow, public PageHost, public WindowContr
     Q_OBJECT
 
 public:
-    /// Both outlive the window; `profile` carries the resource scheme.
-    frmCatalog(Controller &controller, QWebEngineProfile *profile);
+    /// All of it outlives the window; `profile` carries the resource scheme.
+    frmCatalog(Controller &controller, const ContactServices &contactServices,
+               QWebEngineProfile *profile);
     ~frmCatalog() override;
 
     /// Starts the program up and goes to the welcome page. Throws CatalogueError when the program
@@ -53,6 +56,9 @@ public:
     void ShowSearchResults(const ResultTable &rows);
     /// Opens the details of a product that belongs to no list, such as one of the cart.
     void ShowStandaloneDetails(const QString &id);
+    void ShowCartTab();
+    void PrintCart();
+    void ManualAddToCart();
     /// Goes back to the page, or to the search form, that was shown before.
     void GoBack();
 
@@ -80,9 +86,8 @@ private:
     void SelectTab(Tab tab);
     void SelectLanguage(int index);
     void SelectUnit(int index);
-    void AskAndExit();
-    void AskAndLoadPriceList();
-    bool IsExitConfirmed();
+    void ConnectCart();
+    void Print();
     void ReloadPage();
     QString ReadVersion() const;
 
@@ -94,6 +99,7 @@ private:
     DesktopTexts desktopTexts;
     const CategoryNode *currentNode = nullptr;
     std::unique_ptr<PageProtocol> protocol;
+    MenuCommands *menuCommands = nullptr;
     CartRequest *cartRequest = nullptr;
     FastSearch *fastSearch = nullptr;
     PagePrinter *pagePrinter = nullptr;
