@@ -76,6 +76,8 @@ void LocalPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level,
     const std::optional<PageChannel::Message> report = channel.Read(message);
     if (report && report->kind == PageChannel::Message::Kind::StatusText)
         Q_EMIT StatusTextSet(report->text);
+    else if (report && report->kind == PageChannel::Message::Kind::DocumentLoaded)
+        Q_EMIT DocumentLoaded(report->text);
     else if (report)
         Q_EMIT DocumentCreated(report->text);
     else if (level == ErrorMessageLevel)

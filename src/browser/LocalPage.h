@@ -21,6 +21,7 @@ public:
 Q_SIGNALS:
     /// A document came into being in the main frame; `id` names it among all others.
     void DocumentCreated(const QString &id);
+    void DocumentLoaded(const QString &id);
     void StatusTextSet(const QString &text);
 
 protected:

@@ -12,6 +12,7 @@ namespace {
 
 const QString channelName = QStringLiteral("PageChannel");
 const QLatin1String documentMark("document:");
+const QLatin1String loadedMark("loaded:");
 const QLatin1String statusMark("status:");
 
 } // namespace
@@ -46,6 +47,8 @@ std::optional<PageChannel::Message> PageChannel::Read(const QString &consoleMess
         return Message{Message::Kind::StatusText, text.mid(statusMark.size())};
     if (text.startsWith(documentMark))
         return Message{Message::Kind::DocumentId, text.mid(documentMark.size())};
+    if (text.startsWith(loadedMark))
+        return Message{Message::Kind::DocumentLoaded, text.mid(loadedMark.size())};
     return std::nullopt;
 }
 

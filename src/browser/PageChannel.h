@@ -10,15 +10,15 @@ class QWebEngineProfile;
 namespace Tesk {
 
 /// How the pages of a profile speak to the program. A script of ours runs in every main document
-/// before anything else, gives the document an id and reports both the id and every assignment to
-/// `window.status`, which the engine itself ignores. The reports are console messages: the engine
-/// keeps their order among themselves and towards navigations, and drops none.
+/// before anything else, gives the document an id and reports the id, at once and again when the
+/// document has loaded, and every assignment to `window.status`, which the engine itself ignores.
+/// The reports are console messages: the engine keeps their order among themselves and drops none.
 class PageChannel final : public QObject
 {
 public:
     struct Message
     {
-        enum class Kind { DocumentId, StatusText };
+        enum class Kind { DocumentId, DocumentLoaded, StatusText };
         Kind kind;
         QString text;
     };

@@ -22,6 +22,7 @@ const char *const creationScript = R"js((token => {
         }
     });
     log(token + 'document:' + id);
+    addEventListener('load', () => log(token + 'loaded:' + id));
 })(%1[0]);)js";
 
 const char *const changesScript = R"js(((id, changes) => {

@@ -9,7 +9,7 @@
 namespace Tesk::PageScript {
 
 /// The script that runs in every main document before anything else (PageChannel.h). It reports
-/// `<token>document:<id>` and `<token>status:<text>` on the console.
+/// `<token>document:<id>`, `<token>loaded:<id>` and `<token>status:<text>` on the console.
 QString OnDocumentCreation(const QString &token);
 
 /// Makes the changes if the document is still the one of this id. The result is -1 when all were

@@ -59,6 +59,7 @@ WebBrowser::WebBrowser(QWebEngineProfile *profile, QWidget *parent)
     connect(page, &QWebEnginePage::renderProcessTerminated, this, &WebBrowser::OnTermination);
     connect(page, &LocalPage::DocumentCreated, this,
             [this](const QString &id) { newestDocumentId = id; });
+    connect(page, &LocalPage::DocumentLoaded, this, &WebBrowser::OnDocumentLoaded);
     connect(page, &LocalPage::StatusTextSet, this,
             [this](const QString &text) { Queue([this, text] { ReportStatusText(text); }); });
 }
@@ -119,6 +120,15 @@ void WebBrowser::OnLoading(const QWebEngineLoadingInfo &info)
     }
 }
 
+// The engine reports no end of a load for a page that takes the place of one whose load is about to
+// end, and the end of some before the page's id has come.
+void WebBrowser::OnDocumentLoaded(const QString &id)
+{
+    newestDocumentId = id;
+    if (!isLoading && id != completeDocumentId)
+        Complete(page->url());
+}
+
 // A jump inside the document loads nothing and so ends no load.
 void WebBrowser::OnUrlChanged(const QUrl &url)
 {
@@ -129,6 +139,7 @@ void WebBrowser::OnUrlChanged(const QUrl &url)
 void WebBrowser::Complete(const QUrl &url)
 {
     loadedUrl = url;
+    completeDocumentId = newestDocumentId;
     if (!IsContent(url))
         return;
     if (url != reloadedUrl)

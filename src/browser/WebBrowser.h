@@ -65,6 +65,7 @@ private:
 
     void OnLoading(const QWebEngineLoadingInfo &info);
     void OnUrlChanged(const QUrl &url);
+    void OnDocumentLoaded(const QString &id);
     void OnTermination(QWebEnginePage::RenderProcessTerminationStatus status, int exitCode);
     void Complete(const QUrl &url);
     void ShowFailure(const QUrl &url, const QString &reason);
@@ -82,6 +83,7 @@ private:
     bool isLoading = false;
     bool isReportingStatus = false;
     QString newestDocumentId;
+    QString completeDocumentId;
     /// What completed last by the engine's account, and by the account of our listeners, whom the
     /// event loop tells a little later.
     QUrl loadedUrl;

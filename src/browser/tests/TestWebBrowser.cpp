@@ -1,5 +1,6 @@
 #include "BrowserFixture.h"
 #include "LogCapture.h"
+#include "browser/LocalPage.h"
 
 #include <QAbstractButton>
 #include <QDesktopServices>
@@ -177,6 +178,34 @@ private Q_SLOTS:
         const QString address = fixture.Page(QStringLiteral("plain.html")) + tail;
         QVERIFY(fixture.Open(address));
         QVERIFY(fixture.Open(address));
+    }
+
+    // The engine reports no end of a load for a page that takes the place of one whose own load
+    // is about to end.
+    void testEveryPageInQuickSuccessionCompletes()
+    {
+        const QByteArray html = "<p id='p'></p>";
+        const QString first = fixture.WritePage(QStringLiteral("first.html"), html);
+        const QString second = fixture.WritePage(QStringLiteral("second.html"), html);
+        WebBrowser &browser = fixture.Browser();
+        auto *const page = qobject_cast<LocalPage *>(browser.View()->page());
+        QVERIFY(page != nullptr);
+        const QMetaObject::Connection fill =
+            connect(&browser, &WebBrowser::DocumentComplete, this, [&browser] {
+                browser.Apply({{QStringLiteral("p"), ElementChange::Property::InnerHtml,
+                                QStringLiteral("filled")}});
+            });
+        for (int round = 0; round < 20; ++round) {
+            QEventLoop created;
+            connect(page, &LocalPage::DocumentCreated, &created, &QEventLoop::quit);
+            browser.Navigate(first);
+            created.exec();
+            browser.Navigate(second);
+            QTRY_COMPARE(Text(QStringLiteral("location.pathname.split('/').pop() +"
+                                             " document.getElementById('p')?.innerText")),
+                         QStringLiteral("second.htmlfilled"));
+        }
+        disconnect(fill);
     }
 
     void testDataSheetShowsInside()
