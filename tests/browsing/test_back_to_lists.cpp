@@ -1,4 +1,5 @@
 #include "browser/Engine.h"
+#include "search/SearchDetail.h"
 #include "support/CatalogueWindow.h"
 #include "support/WaitUntil.h"
 #include "ui/main/CatalogApplication.h"
@@ -11,6 +12,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTest>
 
@@ -68,7 +70,10 @@ private Q_SLOTS:
         QCOMPARE(ShownNumbers(), hits);
         QCOMPARE(window->CurrentNode(), nullptr);
         QCOMPARE(Caption(), Text("productListSearchHeadline"));
-        QCOMPARE(window->lblStatus->text(), Text("defaultStatusBar"));
+        QCOMPARE(window->lblStatus->text(),
+                 QStringLiteral("%1: %2")
+                     .arg(Text("productListSearchHeadline"))
+                     .arg(window->Protocol().ProductRows().UpperRow()));
     }
 
     void testFromOneCategoryToAnother()
@@ -105,6 +110,58 @@ private Q_SLOTS:
         QCOMPARE(ShownNumbers(), hits);
     }
 
+    void testToTheResultsOfAnOlderSearch()
+    {
+        QVERIFY(Search(QStringLiteral("forceps")));
+        const QStringList older = ShownNumbers();
+        QVERIFY(OpenList(DissectingScissors));
+        QVERIFY(Search(QStringLiteral("iris")));
+        QVERIFY(ShownNumbers() != older);
+
+        PressBack();
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("&id=") + DissectingScissors));
+        PressBack();
+        QVERIFY(WaitForSearchResults());
+        QCOMPARE(ShownNumbers(), older);
+    }
+
+    void testToDetailsAmongTheProductsOfTheirList()
+    {
+        QVERIFY(OpenList(DissectingScissors));
+        const ResultTable rows = window->Protocol().ProductRows();
+        const QString third = rows.Text(3, 0);
+        QVERIFY(OpenDetails(third));
+        const QString position = QStringLiteral("3/%1").arg(rows.UpperRow());
+        QCOMPARE(Counter(), position);
+        QVERIFY(OpenList(IrisScissors));
+
+        PressBack();
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("product_details.html?id=") + third));
+        QVERIFY(WaitUntil([&] { return Counter() == position; }));
+        const CategoryNode *const node = window->Tree().FindByTag(DissectingScissors);
+        QCOMPARE(window->CurrentNode(), node);
+        QCOMPARE(window->ucBreadcrumb->list().last().caption, node->text);
+    }
+
+    void testToTheSearchFormAfterDetailsOfAnEarlierResult()
+    {
+        QVERIFY(Search(QStringLiteral("forceps")));
+        QVERIFY(OpenDetails(window->Protocol().ProductRows().Text(1, 0)));
+        PressBack();
+        QVERIFY(WaitForSearchResults());
+
+        QTest::keyClick(window->windowHandle(), Qt::Key_4, Qt::ControlModifier);
+        SearchDetail *const form = window->ucSearchDetail;
+        QTest::keyClicks(form->tbProductLength, QStringLiteral("145"));
+        const QSignalSpy fills(&window->Protocol(), &PageProtocol::PageFilled);
+        QTest::keyClick(form->tbProductLength, Qt::Key_Return);
+        QVERIFY(WaitUntil([&] { return !fills.isEmpty(); }));
+        QCOMPARE(window->tabMain->currentIndex(), int(frmCatalog::ProductsTab));
+
+        PressBack();
+        QCOMPARE(window->tabMain->currentIndex(), int(frmCatalog::SearchTab));
+    }
+
     void testACrumbShowsItsPageFromEveryTab()
     {
         QVERIFY(OpenList(DissectingScissors));
@@ -119,6 +176,18 @@ private:
     {
         window->TreeViewCategories_NodeClick(window->Tree().FindByTag(id));
         return catalogue->WaitForFilledPage(QStringLiteral("&id=") + id);
+    }
+
+    bool OpenDetails(const QString &id)
+    {
+        return catalogue->Click(
+                   QStringLiteral("[onclick$=\"id=%1';\"] td:nth-child(2)").arg(id)) &&
+               catalogue->WaitForFilledPage(QStringLiteral("product_details.html?id=") + id);
+    }
+
+    QString Counter() const
+    {
+        return window->scroller->findChild<QLabel *>(QStringLiteral("Counter"))->text();
     }
 
     bool Search(const QString &text)

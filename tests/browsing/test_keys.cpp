@@ -213,13 +213,19 @@ private Q_SLOTS:
         QCOMPARE(window->header->tbFastSearchText->toolTip(), QStringLiteral("Suche (Strg+F)"));
         QCOMPARE(window->header->imgLogo->toolTip(),
                  QStringLiteral("Willkommen bei Tesk Instruments (Alt+Pos1)"));
-        QCOMPARE(window->tabMain->tabToolTip(frmCatalog::SearchTab), QStringLiteral("Strg+4"));
+        QCOMPARE(window->tabMain->tabToolTip(frmCatalog::SearchTab), QStringLiteral("Detailsuche (Strg+4)"));
         const auto toolTipOf = [this](const char *button) {
             return window->scroller->findChild<QAbstractButton *>(QLatin1String(button))->toolTip();
         };
         QCOMPARE(toolTipOf("btnBack"), QStringLiteral("Alt+Links"));
         QCOMPARE(toolTipOf("btnNext"), QStringLiteral("Alt+Bild abwärts"));
         QCOMPARE(toolTipOf("btnPrevious"), QStringLiteral("Alt+Bild aufwärts"));
+        QCOMPARE(window->menus->mBack->shortcut(), QKeySequence(Qt::ALT | Qt::Key_Left));
+        QCOMPARE(window->menus->mBack->text(), QStringLiteral("&Zurück"));
+        QCOMPARE(window->menus->mHome->text(), QStringLiteral("Willkommen bei Tesk Instruments"));
+        QCOMPARE(window->menus->mFastSearch->text(), QStringLiteral("Suche"));
+        QCOMPARE(window->menus->mPreviousProduct->text(), QStringLiteral("Vorherige Seite"));
+        QCOMPARE(window->menus->mNextProduct->text(), QStringLiteral("Nächste Seite"));
         QCOMPARE(window->menus->mPrint->text(), QStringLiteral("&Drucken"));
         QCOMPARE(window->menus->mPrint->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_P));
         QCOMPARE(window->menus->mZoomIn->text(), QStringLiteral("Vergrößern"));

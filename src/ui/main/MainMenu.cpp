@@ -1,6 +1,7 @@
 #include "ui/main/MainMenu.h"
 
 #include "core/LanguageSupport.h"
+#include "ui/main/controls/ShortcutKeys.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -43,6 +44,17 @@ MainMenu::MainMenu(QMenuBar *bar)
     mSettings = mExtra->addAction(QStringLiteral("Einstellungen"));
     mContact = mExtra->addAction(QStringLiteral("Kontakt"));
     mExtra->addSeparator();
+    mBack = mExtra->addAction(QStringLiteral("&Zurück"));
+    mBack->setShortcut(ShortcutKeys::Back);
+    mHome = mExtra->addAction(QStringLiteral("Willkommen"));
+    mHome->setShortcut(ShortcutKeys::Home);
+    mPreviousProduct = mExtra->addAction(QStringLiteral("Vorherige Seite"));
+    mPreviousProduct->setShortcut(ShortcutKeys::PreviousProduct);
+    mNextProduct = mExtra->addAction(QStringLiteral("Nächste Seite"));
+    mNextProduct->setShortcut(ShortcutKeys::NextProduct);
+    mFastSearch = mExtra->addAction(QStringLiteral("Suche"));
+    mFastSearch->setShortcuts({ShortcutKeys::FastSearch, ShortcutKeys::SecondFastSearch});
+    mExtra->addSeparator();
     mZoomIn = mExtra->addAction(QStringLiteral("Vergrößern"));
     // The plus sign shares its key with "=" on many keyboards.
     mZoomIn->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), Qt::CTRL | Qt::Key_Equal});
@@ -68,6 +80,11 @@ void MainMenu::ApplyGuiTexts(const LanguageSupport &languages)
     mExtra->setTitle(text("mExtra"));
     mSettings->setText(text("mSettings"));
     mContact->setText(text("mContact"));
+    mBack->setText(text("mBack"));
+    mHome->setText(text("ucWelcomeCaption"));
+    mPreviousProduct->setText(DesktopText("Previous page"));
+    mNextProduct->setText(DesktopText("Next page"));
+    mFastSearch->setText(text("searchHeadline"));
     mZoomIn->setText(DesktopText("Zoom in"));
     mZoomOut->setText(DesktopText("Zoom out"));
     mHelp->setTitle(text("mHelp"));

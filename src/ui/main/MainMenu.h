@@ -35,6 +35,11 @@ public:
     QMenu *mExtra = nullptr;
     QAction *mSettings = nullptr;
     QAction *mContact = nullptr;
+    QAction *mBack = nullptr;
+    QAction *mHome = nullptr;
+    QAction *mPreviousProduct = nullptr;
+    QAction *mNextProduct = nullptr;
+    QAction *mFastSearch = nullptr;
     QAction *mZoomIn = nullptr;
     QAction *mZoomOut = nullptr;
     QAction *mZoomReset = nullptr;

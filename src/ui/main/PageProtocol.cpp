@@ -57,7 +57,7 @@ void PageProtocol::DocumentComplete(const QString &address)
         parts.pointer.SetDefault();
         return;
     }
-    parts.history.PushEntry(address);
+    Record(address);
     if (address.contains(CategoryPage)) {
         ArmLoader(CategoryElement, address);
     } else if (address.contains(ListPage)) {
@@ -81,6 +81,35 @@ void PageProtocol::DocumentComplete(const QString &address)
         LoaderTimer.stop();
         parts.pointer.SetDefault();
     }
+}
+
+void PageProtocol::Record(const QString &address)
+{
+    const qint16 position = parts.history.Position();
+    parts.history.PushEntry(address);
+    if (parts.history.Position() != position)
+        places.Forget(parts.history.Position());
+}
+
+// Only under the entry of this very page: not every visit is recorded.
+void PageProtocol::KeepPlace()
+{
+    if (parts.history.Newest() == NavigationHistory::EntryOf(currentUrl))
+        places.Keep(parts.history.Position(),
+                    {productRows, parts.host.CurrentNode(), standaloneDetails});
+}
+
+void PageProtocol::PrepareReturn(const QString &entry)
+{
+    const VisitedPlace *const place = places.At(parts.history.Position());
+    if (place == nullptr)
+        return;
+    productRows = place->rows;
+    standaloneDetails = place->isStandalone;
+    if (entry.contains(ListPage) && place->node == nullptr)
+        searchRows = place->rows;
+    parts.host.SelectCategory(place->node);
+    parts.host.SetBreadcrumb(BuildBreadcrumbPath(place->node));
 }
 
 void PageProtocol::LoadFailed()
@@ -173,11 +202,13 @@ void PageProtocol::ShowProductList(const QString &id)
     QString caption;
     if (currentNode == nullptr) {
         caption = parts.controller.GetText(QStringLiteral("productListSearchHeadline"));
+        parts.host.SetStatusText(QStringLiteral("%1: %2").arg(caption).arg(CountOf(productRows)));
     } else {
         caption = currentNode->text;
         productRows = parts.controller.Queries().QueryProductsOfCategory(id);
         parts.scroller.SetCount(CountOf(productRows));
     }
+    KeepPlace();
     parts.scroller.DisableScroller();
     const bool hasSingleProducts = parts.controller.Queries().HasSingleProducts(id);
     parts.builder.WriteProductList(parts.browser, caption, productRows, firstItem, id,
@@ -201,6 +232,7 @@ void PageProtocol::ShowProductDetails(const QString &id)
 {
     const CategoryNode *currentNode = parts.host.CurrentNode();
     const ResultTable product = parts.controller.Queries().QueryProduct(id);
+    KeepPlace();
     ShowPosition(id);
     if (GetField(QStringLiteral("p.isSet"), product, 1) == QLatin1String("True")) {
         productRows = parts.controller.Queries().QuerySetMembers(id);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ResultTable.h"
+#include "ui/main/history/VisitedPlaces.h"
 
 #include <QObject>
 #include <QString>
@@ -54,6 +55,10 @@ public:
     /// The rows of the latest search, which every list page without a category shows.
     void SetSearchRows(const ResultTable &rows) { searchRows = productRows = rows; }
 
+    /// The window is about to open `entry`, which the history has gone back to: puts right what
+    /// that page showed beside its address.
+    void PrepareReturn(const QString &entry);
+
     /// Whether the next details page belongs to no list: then it offers no steps to other products.
     void SetStandaloneDetails(bool isStandalone) { standaloneDetails = isStandalone; }
 
@@ -71,6 +76,8 @@ Q_SIGNALS:
 
 private:
     void SelectCategoryOfList(const QString &id);
+    void Record(const QString &address);
+    void KeepPlace();
     void ShowPosition(const QString &id);
     void ArmLoader(const QString &elementId, const QString &address);
     void LoaderTick();
@@ -88,6 +95,7 @@ private:
     qint16 firstItem = 1;
     ResultTable productRows;
     ResultTable searchRows;
+    VisitedPlaces places;
     bool standaloneDetails = false;
 };
 

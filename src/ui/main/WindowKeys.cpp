@@ -19,12 +19,6 @@ WindowKeys::WindowKeys(QWidget *window)
     : QObject(window)
     , window(window)
 {
-    Add(ShortcutKeys::FastSearch, &WindowKeys::FastSearch);
-    Add(ShortcutKeys::SecondFastSearch, &WindowKeys::FastSearch);
-    Add(ShortcutKeys::Home, &WindowKeys::Home);
-    Add(ShortcutKeys::Back, &WindowKeys::Back);
-    Add(ShortcutKeys::PreviousProduct, &WindowKeys::PreviousProduct);
-    Add(ShortcutKeys::NextProduct, &WindowKeys::NextProduct);
     for (int position = 0; position < TabCount; ++position) {
         auto *const shortcut = new QShortcut(ShortcutKeys::TabKey(position), window);
         connect(shortcut, &QShortcut::activated, this,
@@ -33,11 +27,6 @@ WindowKeys::WindowKeys(QWidget *window)
     // The browser's inner widget takes the mouse first, and would step back in a history of its
     // own.
     qApp->installEventFilter(this);
-}
-
-void WindowKeys::Add(const QKeySequence &key, void (WindowKeys::*signal)())
-{
-    connect(new QShortcut(key, window), &QShortcut::activated, this, signal);
 }
 
 bool WindowKeys::eventFilter(QObject *watched, QEvent *event)

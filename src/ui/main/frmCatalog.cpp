@@ -132,15 +132,17 @@ void frmCatalog::ConnectCart()
 
 void frmCatalog::ConnectKeys()
 {
-    const auto *const keys = new WindowKeys(this);
-    connect(keys, &WindowKeys::FastSearch, this, [this] {
+    connect(menus->mBack, &QAction::triggered, this, &frmCatalog::GoBack);
+    connect(menus->mHome, &QAction::triggered, this, &frmCatalog::GoHome);
+    connect(menus->mFastSearch, &QAction::triggered, this, [this] {
         header->tbFastSearchText->setFocus(Qt::ShortcutFocusReason);
         header->tbFastSearchText->selectAll();
     });
-    connect(keys, &WindowKeys::Home, this, &frmCatalog::GoHome);
+    connect(menus->mPreviousProduct, &QAction::triggered, scroller, &ItemScroller::PressPrevious);
+    connect(menus->mNextProduct, &QAction::triggered, scroller, &ItemScroller::PressNext);
+
+    const auto *const keys = new WindowKeys(this);
     connect(keys, &WindowKeys::Back, this, &frmCatalog::GoBack);
-    connect(keys, &WindowKeys::PreviousProduct, scroller, &ItemScroller::PressPrevious);
-    connect(keys, &WindowKeys::NextProduct, scroller, &ItemScroller::PressNext);
     connect(keys, &WindowKeys::ShowTab, this, [this](int position) {
         tabMain->setCurrentIndex(position);
         tabMain->currentWidget()->setFocus(Qt::ShortcutFocusReason);
@@ -336,11 +338,15 @@ void frmCatalog::GoBack()
 {
     if (!history.HasMoreEntries())
         return;
+    // Results that the history holds already are not recorded again behind the form they come from.
+    const bool comesFromForm =
+        history.Newest() == SearchDetailEntry && tabMain->currentIndex() == ProductsTab;
     const QString entry = history.PopEntry();
-    if (entry == SearchDetailEntry) {
+    if (entry == SearchDetailEntry || comesFromForm) {
         ucSearchDetail->Initialize();
         ShowSearchForm();
     } else {
+        protocol->PrepareReturn(entry);
         SelectTab(ProductsTab);
         wbMain->Navigate(entry);
     }

@@ -21,6 +21,9 @@ constexpr int Space = 4;
 constexpr int RightMargin = 10;
 constexpr int CounterMargin = 6;
 
+/// Lists of fewer products leave room for as many.
+constexpr int UsualCount = 99;
+
 QString Position(int index, int count)
 {
     return QStringLiteral("%1/%2").arg(index).arg(count);
@@ -51,6 +54,10 @@ ItemScroller::ItemScroller(std::function<QString(const QString &key)> textLookup
     counterColours.setColor(QPalette::WindowText, Colours::OnBand);
     Counter->setPalette(counterColours);
     Counter->hide();
+    // The buttons keep their places while there is no position to show.
+    QSizePolicy counterPolicy = Counter->sizePolicy();
+    counterPolicy.setRetainSizeWhenHidden(true);
+    Counter->setSizePolicy(counterPolicy);
     auto *const row = new QHBoxLayout(this);
     row->setContentsMargins(Space, 0, RightMargin, 0);
     row->setSpacing(Space);
@@ -156,7 +163,8 @@ void ItemScroller::ShowCounter()
 {
     Counter->setText(Position(index, count));
     // Wide enough for every position, so that the buttons keep their places.
-    Counter->setMinimumWidth(fontMetrics().horizontalAdvance(Position(count, count)) +
+    const int most = std::max<int>(count, UsualCount);
+    Counter->setMinimumWidth(fontMetrics().horizontalAdvance(Position(most, most)) +
                              2 * CounterMargin);
     Counter->show();
     NameButtons();

@@ -7,13 +7,17 @@ bool NavigationHistory::HasMoreEntries() const
     return !entries[static_cast<size_t>(Before(position))].isEmpty();
 }
 
+QString NavigationHistory::EntryOf(const QString &address)
+{
+    const qsizetype fragment = address.lastIndexOf(QLatin1Char('#'));
+    return fragment < 0 ? address : address.left(fragment);
+}
+
 void NavigationHistory::PushEntry(const QString &entry)
 {
-    const qsizetype fragment = entry.lastIndexOf(QLatin1Char('#'));
-    const QString page = fragment < 0 ? entry : entry.left(fragment);
-
+    const QString page = EntryOf(entry);
     // A page reached by going back completes like any other: recording it anew would undo the step.
-    if (page == entries[static_cast<size_t>(position)] || page == lastPopped)
+    if (page == Newest() || page == lastPopped)
         return;
     position = static_cast<qint16>((position + 1) % Size);
     entries[static_cast<size_t>(position)] = page;
@@ -23,7 +27,7 @@ QString NavigationHistory::PopEntry()
 {
     entries[static_cast<size_t>(position)].clear();
     position = Before(position);
-    lastPopped = entries[static_cast<size_t>(position)];
+    lastPopped = Newest();
     return lastPopped;
 }
 

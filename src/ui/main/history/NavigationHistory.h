@@ -25,11 +25,19 @@ public:
     /// false.
     QString PopEntry();
 
+    /// What PushEntry records of an address: the text before its last "#".
+    static QString EntryOf(const QString &address);
+
+    /// The newest entry's place in the ring, 0 to Size - 1.
+    qint16 Position() const { return position; }
+    /// Empty at first.
+    const QString &Newest() const { return entries[static_cast<size_t>(position)]; }
+
 private:
     static qint16 Before(qint16 position);
 
     std::array<QString, Size> entries;
-    qint16 position = 0; ///< of the newest entry, 0 to Size - 1
+    qint16 position = 0;
     QString lastPopped;
 };
 
