@@ -70,10 +70,9 @@ private Q_SLOTS:
         QCOMPARE(ShownNumbers(), hits);
         QCOMPARE(window->CurrentNode(), nullptr);
         QCOMPARE(Caption(), Text("productListSearchHeadline"));
-        QCOMPARE(window->lblStatus->text(),
-                 QStringLiteral("%1: %2")
-                     .arg(Text("productListSearchHeadline"))
-                     .arg(window->Protocol().ProductRows().UpperRow()));
+        QCOMPARE(window->lblStatus->text(), QStringLiteral("%1: %2")
+                                                .arg(Text("productListSearchHeadline"))
+                                                .arg(window->Protocol().ProductRows().UpperRow()));
     }
 
     void testFromOneCategoryToAnother()
@@ -180,8 +179,7 @@ private:
 
     bool OpenDetails(const QString &id)
     {
-        return catalogue->Click(
-                   QStringLiteral("[onclick$=\"id=%1';\"] td:nth-child(2)").arg(id)) &&
+        return catalogue->Click(QStringLiteral("[onclick$=\"id=%1';\"] td:nth-child(2)").arg(id)) &&
                catalogue->WaitForFilledPage(QStringLiteral("product_details.html?id=") + id);
     }
 

@@ -213,7 +213,8 @@ private Q_SLOTS:
         QCOMPARE(window->header->tbFastSearchText->toolTip(), QStringLiteral("Suche (Strg+F)"));
         QCOMPARE(window->header->imgLogo->toolTip(),
                  QStringLiteral("Willkommen bei Tesk Instruments (Alt+Pos1)"));
-        QCOMPARE(window->tabMain->tabToolTip(frmCatalog::SearchTab), QStringLiteral("Detailsuche (Strg+4)"));
+        QCOMPARE(window->tabMain->tabToolTip(frmCatalog::SearchTab),
+                 QStringLiteral("Detailsuche (Strg+4)"));
         const auto toolTipOf = [this](const char *button) {
             return window->scroller->findChild<QAbstractButton *>(QLatin1String(button))->toolTip();
         };

@@ -155,7 +155,8 @@ void WindowControls::ApplyCaptions(const Controller &controller)
     tabMain->setTabText(CartTab, text("tabControlShoppingCart"));
     tabMain->setTabText(SearchTab, text("tabControlSearchDetail"));
     for (int tab = 0; tab < tabMain->count(); ++tab)
-        tabMain->setTabToolTip(tab, ShortcutKeys::ToolTip(tabMain->tabText(tab), ShortcutKeys::TabKey(tab)));
+        tabMain->setTabToolTip(
+            tab, ShortcutKeys::ToolTip(tabMain->tabText(tab), ShortcutKeys::TabKey(tab)));
     lblCategorySelection->setText(text("categorySelectionDescription"));
     TreeViewCategories->setAccessibleName(tabMain->tabText(CategoriesTab));
     wbMain->setAccessibleName(tabMain->tabText(ProductsTab));
