@@ -33,9 +33,14 @@ PageChannel::PageChannel(QWebEngineProfile *profile)
     script.setInjectionPoint(QWebEngineScript::DocumentCreation);
     script.setWorldId(QWebEngineScript::MainWorld);
     script.setRunsOnSubFrames(false);
-    script.setSourceCode(PageScript::OnDocumentCreation(token));
+    script.setSourceCode(Script());
     // A script of one page gets lost when the engine lets two kinds of address share a process.
     profile->scripts()->insert(script);
+}
+
+QString PageChannel::Script() const
+{
+    return PageScript::OnDocumentCreation(token);
 }
 
 std::optional<PageChannel::Message> PageChannel::Read(const QString &consoleMessage) const

@@ -26,6 +26,9 @@ public:
     /// The one channel of this profile, made at the first call.
     static PageChannel &Of(QWebEngineProfile *profile);
 
+    /// The script for a document that lacks it. The engine loses it with a process that fails.
+    QString Script() const;
+
     /// What a console message reports; nothing for one that is not ours.
     std::optional<Message> Read(const QString &consoleMessage) const;
 

@@ -8,6 +8,8 @@ namespace Tesk {
 namespace {
 
 const char *const creationScript = R"js((token => {
+    if (window.__documentId)
+        return;
     const log = console.log.bind(console);
     const id = String(performance.timeOrigin) + Math.random();
     let text = '';

@@ -5,6 +5,7 @@
 #include "browser/FailurePage.h"
 #include "browser/LocalPage.h"
 #include "browser/Log.h"
+#include "browser/PageChannel.h"
 #include "browser/PageScript.h"
 #include "browser/TaskEvent.h"
 
@@ -16,6 +17,8 @@
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
 #include <QWebEngineView>
+
+#include <utility>
 
 namespace Tesk {
 namespace {
@@ -57,8 +60,10 @@ WebBrowser::WebBrowser(QWebEngineProfile *profile, QWidget *parent)
     connect(page, &QWebEnginePage::loadingChanged, this, &WebBrowser::OnLoading);
     connect(page, &QWebEnginePage::urlChanged, this, &WebBrowser::OnUrlChanged);
     connect(page, &QWebEnginePage::renderProcessTerminated, this, &WebBrowser::OnTermination);
-    connect(page, &LocalPage::DocumentCreated, this,
-            [this](const QString &id) { newestDocumentId = id; });
+    connect(page, &LocalPage::DocumentCreated, this, [this](const QString &id) {
+        newestDocumentId = id;
+        isDocumentKnown = true;
+    });
     connect(page, &LocalPage::DocumentLoaded, this, &WebBrowser::OnDocumentLoaded);
     connect(page, &LocalPage::StatusTextSet, this,
             [this](const QString &text) { Queue([this, text] { ReportStatusText(text); }); });
@@ -97,6 +102,7 @@ void WebBrowser::OnLoading(const QWebEngineLoadingInfo &info)
     isLoading = info.status() == QWebEngineLoadingInfo::LoadStartedStatus;
     switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus:
+        isDocumentKnown = false;
         break;
     case QWebEngineLoadingInfo::LoadSucceededStatus:
         Complete(page->url());
@@ -125,6 +131,7 @@ void WebBrowser::OnLoading(const QWebEngineLoadingInfo &info)
 void WebBrowser::OnDocumentLoaded(const QString &id)
 {
     newestDocumentId = id;
+    isDocumentKnown = true;
     if (!isLoading && id != completeDocumentId)
         Complete(page->url());
 }
@@ -139,15 +146,34 @@ void WebBrowser::OnUrlChanged(const QUrl &url)
 void WebBrowser::Complete(const QUrl &url)
 {
     loadedUrl = url;
-    completeDocumentId = newestDocumentId;
     if (!IsContent(url))
         return;
+    if (!isDocumentKnown) {
+        GiveChannel(url);
+        return;
+    }
+    completeDocumentId = newestDocumentId;
     if (url != reloadedUrl)
         reloadedUrl.clear();
     Queue([this, document = Document{url, newestDocumentId}] {
         reported = document;
         Q_EMIT DocumentComplete(Address());
     });
+}
+
+/// A page whose id has not come yet gets the script that tells it, unless it has it; it is complete
+/// then.
+void WebBrowser::GiveChannel(const QUrl &url)
+{
+    const QPointer<WebBrowser> self = this;
+    page->runJavaScript(PageChannel::Of(page->profile()).Script(), QWebEngineScript::MainWorld,
+                        [self, url](const QVariant &) {
+                            if (!self || self->isLoading || self->loadedUrl != url)
+                                return;
+                            const bool isKnown = std::exchange(self->isDocumentKnown, true);
+                            if (!isKnown || self->newestDocumentId != self->completeDocumentId)
+                                self->Complete(url);
+                        });
 }
 
 void WebBrowser::ShowFailure(const QUrl &url, const QString &reason)

@@ -68,6 +68,7 @@ private:
     void OnDocumentLoaded(const QString &id);
     void OnTermination(QWebEnginePage::RenderProcessTerminationStatus status, int exitCode);
     void Complete(const QUrl &url);
+    void GiveChannel(const QUrl &url);
     void ShowFailure(const QUrl &url, const QString &reason);
     void ReportEndedLoad(const QUrl &url);
     void ReportStatusText(const QString &text);
@@ -82,6 +83,8 @@ private:
     int requests = 0;
     bool isLoading = false;
     bool isReportingStatus = false;
+    /// Whether the document of the load that began last has told its id.
+    bool isDocumentKnown = false;
     QString newestDocumentId;
     QString completeDocumentId;
     /// What completed last by the engine's account, and by the account of our listeners, whom the

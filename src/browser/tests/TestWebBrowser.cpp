@@ -357,6 +357,22 @@ private Q_SLOTS:
         QVERIFY(OpenPlainPage());
     }
 
+    void testPageThatCameBackAfterACrashIsWrittenAndHeard()
+    {
+        QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("crash.html"), "<p id=p>plain</p>")));
+        QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
+        ::kill(static_cast<pid_t>(browser.View()->page()->renderProcessPid()), SIGKILL);
+        QVERIFY(complete.wait());
+        browser.Apply(
+            {{QStringLiteral("p"), ElementChange::Property::InnerHtml, QStringLiteral("written")}});
+        QCOMPARE(Text(QStringLiteral("p.innerText")), QStringLiteral("written"));
+        QSignalSpy texts(&browser, &WebBrowser::StatusTextChange);
+        browser.RunScript(QStringLiteral("window.status = 'heard'"));
+        QVERIFY(texts.wait());
+        QCOMPARE(texts.first().first().toString(), QStringLiteral("heard"));
+        QCOMPARE(complete.count(), 1);
+    }
+
     void testPagesTakeTheDesktopsFont()
     {
         QFont font = QApplication::font();
