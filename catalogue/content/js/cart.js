@@ -10,6 +10,10 @@
     const wholeNumber = /^\d+$/;
     const anyNumber = /^[+-]?\d+([.,]\d+)?$/;
 
+    const deleteLinks = '#list a[title]';
+    const deletedLink = 'cartDeletedLink';
+    const scrollPlace = 'cartScrollPlace';
+
     const entered = new WeakMap();
     let pointerIsDown = false;
 
@@ -100,6 +104,8 @@
     }
 
     function delItem(key) {
+        const links = [...document.querySelectorAll(deleteLinks)];
+        sessionStorage.setItem(deletedLink, links.indexOf(document.activeElement));
         window.status = `delItem:${key}`;
     }
 
@@ -146,6 +152,28 @@
     document.addEventListener('pointerdown', () => { pointerIsDown = true; }, true);
     document.addEventListener('pointerup', () => { pointerIsDown = false; }, true);
     document.addEventListener('pointercancel', () => { pointerIsDown = false; }, true);
+
+    // The program writes the list anew after each command. The reader stays where he was, and after a
+    // deletion on the line that took the place of the deleted one.
+    function returnToPlace() {
+        window.scrollTo(0, Number(sessionStorage.getItem(scrollPlace)));
+        const position = Number(sessionStorage.getItem(deletedLink) ?? -1);
+        sessionStorage.removeItem(deletedLink);
+        const links = [...document.querySelectorAll(deleteLinks)];
+        if (position >= 0 && links.length > 0)
+            links[Math.min(position, links.length - 1)].focus({ preventScroll: true });
+    }
+
+    document.addEventListener('DOMContentLoaded', () => {
+        const list = document.getElementById('list');
+        const observer = new MutationObserver(() => {
+            observer.disconnect();
+            returnToPlace();
+        });
+        if (list)
+            observer.observe(list, { childList: true });
+    });
+    window.addEventListener('pagehide', () => sessionStorage.setItem(scrollPlace, window.scrollY));
 
     // A command from outside the page may load it anew without the field losing the focus first.
     window.addEventListener('beforeunload', () => {

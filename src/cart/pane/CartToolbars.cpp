@@ -49,7 +49,6 @@ CartToolbars::CartToolbars(QWidget *parent)
 {
     setStyleSheet(Style);
     setAttribute(Qt::WA_StyledBackground);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     row->setContentsMargins(SideMargin, TopMargin, SideMargin, BottomMargin);
     row->addWidget(tbFunctions);
     row->addWidget(tbFunctionsExt);
@@ -104,8 +103,6 @@ void CartToolbars::Arrange()
     row->setSpacing(isWide ? GapBetweenToolbars : GapBetweenLines);
     // Where there is room, what goes out of the house stands at the right.
     row->setStretchFactor(tbFunctions, isWide ? 1 : 0);
-    tbFunctionsExt->setSizePolicy(isWide ? QSizePolicy::Fixed : QSizePolicy::Preferred,
-                                  QSizePolicy::Preferred);
 }
 
 } // namespace Tesk

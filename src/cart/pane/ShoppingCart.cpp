@@ -15,6 +15,7 @@
 #include "pages/PageContext.h"
 
 #include <QScopeGuard>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <QWebEngineView>
 
@@ -294,7 +295,9 @@ void ShoppingCart::LeaveToProduct(const QString &address)
 {
     if (requestedAddress.isEmpty())
         Navigate(ShowCart);
-    Q_EMIT OnProductSelect(address.mid(address.lastIndexOf(u'=') + 1));
+    // Some signs of an id stay encoded in an address.
+    const QString id = address.mid(address.lastIndexOf(u'=') + 1);
+    Q_EMIT OnProductSelect(QUrl::fromPercentEncoding(id.toUtf8()));
 }
 
 void ShoppingCart::WriteCart()
