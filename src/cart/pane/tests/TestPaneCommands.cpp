@@ -281,8 +281,9 @@ void TestPaneCommands::testDoubleClickIsOneCommand()
         dialog.reject();
     };
     DialogDriver driver({count, count, count});
-    Click(qPrintable(button));
-    Click(qPrintable(button));
+    // Both clicks come before the program answers the first.
+    for (int click = 0; click < 2; ++click)
+        QTest::mouseClick(pane->Button(qPrintable(button)), Qt::LeftButton);
     const auto commands = [&] { return dialogs + pane->printCount; };
     QVERIFY(WaitUntil([&] { return commands() > 0; }));
     QVERIFY(pane->WaitForReports());
