@@ -33,9 +33,23 @@ QString TestApplication::Path(const QString &relative) const
 
 QStringList TestApplication::Keys()
 {
-    return {QStringLiteral("productListSearchHeadline"), QStringLiteral("productListNoProducts"),
-            QStringLiteral("productListCaptionNr"), QStringLiteral("defaultStatusBar"),
-            QStringLiteral("ucWelcomeText")};
+    return {QStringLiteral("productListSearchHeadline"),
+            QStringLiteral("productListNoProducts"),
+            QStringLiteral("productListCaptionNr"),
+            QStringLiteral("defaultStatusBar"),
+            QStringLiteral("ucWelcomeText"),
+            QStringLiteral("ucSearchDetailHeadline"),
+            QStringLiteral("ucSearchDetailDescription"),
+            QStringLiteral("ucSearchDetailProductLength"),
+            QStringLiteral("ucSearchDetailArtNr"),
+            QStringLiteral("ucSearchDetailUnit"),
+            QStringLiteral("ucSearchDetailAuthor"),
+            QStringLiteral("ucSearchDetailSubmit"),
+            QStringLiteral("ucSearchDetailCompetition"),
+            QStringLiteral("ucSearchDetailCompany"),
+            QStringLiteral("ucSearchDetailAllCompanies"),
+            QStringLiteral("ucSearchDetailCompanyArtNr"),
+            QStringLiteral("ucSearchDetailExamples")};
 }
 
 void TestApplication::WriteFile(const QString &relative, const QByteArray &bytes) const

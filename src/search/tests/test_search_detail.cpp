@@ -2,6 +2,7 @@
 #include "support/TestApplication.h"
 
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -23,9 +24,10 @@ private Q_SLOTS:
         UseLanguage(0);
     }
 
+    // The catalogue knows six scissors of Müller's and none of Möller's.
     void testWordsOfTheDescriptionAreMasked()
     {
-        Type(search->tbDescription, QStringLiteral("schere Müller"));
+        Type(search->tbDescription, QStringLiteral("schere Möller"));
         QTest::mouseClick(search->btnDetailSearchSubmit, Qt::LeftButton);
         QCOMPARE(results.size(), size_t(1));
         QCOMPARE(results[0].UpperRow(), 6);
@@ -38,6 +40,15 @@ private Q_SLOTS:
         QTest::mouseClick(search->btnDetailSearchSubmit, Qt::LeftButton);
         QCOMPARE(results.size(), size_t(1));
         QCOMPARE(results[0].UpperRow(), 6);
+    }
+
+    void testAuthorIsNotMasked()
+    {
+        Type(search->tbDescription, QStringLiteral("schere"));
+        Type(search->tbAuthor, QStringLiteral("Möller"));
+        QTest::mouseClick(search->btnDetailSearchSubmit, Qt::LeftButton);
+        QCOMPARE(results.size(), size_t(1));
+        QCOMPARE(results[0].UpperRow(), -1);
     }
 
     void testAuthorAloneSearches()
@@ -84,6 +95,26 @@ private Q_SLOTS:
         }
     }
 
+    void testEnterSearchesFromTheUnitsAndTheCompanies()
+    {
+        search->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(search.get()));
+        Type(search->tbProductLength, QStringLiteral("145"));
+        for (QRadioButton *const option : search->rbUnit) {
+            results.clear();
+            option->setFocus();
+            QTest::keyClick(option, Qt::Key_Return);
+            QCOMPARE(results.size(), size_t(1));
+        }
+        Type(search->tbCompanyArtNr, QStringLiteral("BH"));
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+            results.clear();
+            search->cbCompany->setFocus();
+            QTest::keyClick(search->cbCompany, key);
+            QCOMPARE(results.size(), size_t(1));
+        }
+    }
+
     void testEmptyFormDoesNothing()
     {
         Type(search->tbDescription, QStringLiteral("   "));
@@ -115,6 +146,8 @@ private Q_SLOTS:
         QCOMPARE(search->cbCompany->currentText(), QStringLiteral("Dorvik"));
         QTest::mouseClick(search->btnCompetitionSearchSubmit, Qt::LeftButton);
         QCOMPARE(results.size(), size_t(2));
+        // The entry for all companies has a caption and yet narrows nothing.
+        QCOMPARE(search->cbCompany->itemText(0), QStringLiteral("ge:ucSearchDetailAllCompanies"));
         QVERIFY(results[0].HasData());
         // Numbers that begin with BH are Varnholt's.
         QVERIFY(!results[1].HasData());
@@ -122,14 +155,44 @@ private Q_SLOTS:
 
     void testInitializeEmptiesTheForm()
     {
-        Type(search->tbDescription, QStringLiteral("x"));
+        const std::array fields{search->tbDescription, search->tbArtNr, search->tbProductLength,
+                                search->tbAuthor, search->tbCompanyArtNr};
+        for (QLineEdit *const field : fields)
+            Type(field, QStringLiteral("x"));
         search->cbCompany->setCurrentIndex(3);
         search->Initialize();
-        QVERIFY(search->tbDescription->text().isEmpty());
+        for (const QLineEdit *const field : fields)
+            QVERIFY(field->text().isEmpty());
         QCOMPARE(search->cbCompany->currentIndex(), 0);
-        QCOMPARE(search->cbCompany->count(), 4);
+        QStringList companies;
+        for (int i = 0; i < search->cbCompany->count(); ++i)
+            companies << search->cbCompany->itemText(i);
+        QCOMPARE(companies, QStringList({QStringLiteral("ge:ucSearchDetailAllCompanies"),
+                                         QStringLiteral("Varnholt"), QStringLiteral("Dorvik"),
+                                         QStringLiteral("Salvora")}));
         QCOMPARE(search->lblExamplesText->text(),
                  QStringLiteral("Varnholt  BH 020\r\nDorvik  13-120-08\r\nSalvora  15.10.38"));
+    }
+
+    void testCaptionsSpeakTheCurrentLanguage()
+    {
+        UseLanguage(2);
+        const auto caption = [](const char *key) {
+            return QStringLiteral("fr:ucSearchDetail") + QLatin1String(key);
+        };
+        QCOMPARE(search->frmDetailSearch->title(), caption("Headline"));
+        QCOMPARE(search->lblDescription->text(), caption("Description"));
+        QCOMPARE(search->lblProductLength->text(), caption("ProductLength"));
+        QCOMPARE(search->lblArtNr->text(), caption("ArtNr"));
+        QCOMPARE(search->lblUnit->text(), caption("Unit"));
+        QCOMPARE(search->lblAuthor->text(), caption("Author"));
+        QCOMPARE(search->btnDetailSearchSubmit->text(), caption("Submit"));
+        QCOMPARE(search->frmCompetitionSearch->title(), caption("Competition"));
+        QCOMPARE(search->lblCompany->text(), caption("Company"));
+        QCOMPARE(search->lblCompanyArtNr->text(), caption("CompanyArtNr"));
+        QCOMPARE(search->lblExamples->text(), caption("Examples"));
+        QCOMPARE(search->btnCompetitionSearchSubmit->text(), caption("Submit"));
+        QCOMPARE(search->rbUnit[2]->text(), QStringLiteral("inch"));
     }
 
 private:

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void init();
 
     void testHomeRowAloneShowsOneCrumb();
+    void testEachCrumbHasAnArrowBeforeIt();
     void testCrumbsFollowEachOther();
     void testElevenRowsFillAllCrumbs();
     void testTwelveRowsChangeNothingOnScreen();
@@ -54,6 +55,8 @@ private:
     }
     QList<CrumbButton *> Shown() const;
     QStringList Captions() const;
+    /// The columns of pixels in which something is drawn beside the captions.
+    QList<int> ArrowColumns() const;
 
     std::unique_ptr<Breadcrumb> breadcrumb;
 };
@@ -93,6 +96,44 @@ void TestBreadcrumb::testHomeRowAloneShowsOneCrumb()
     breadcrumb->SetList({home});
     QCOMPARE(Captions(), QStringList({QStringLiteral("tesk-shop")}));
     QCOMPARE(breadcrumb->findChildren<CrumbButton *>().size(), 11);
+}
+
+QList<int> TestBreadcrumb::ArrowColumns() const
+{
+    for (CrumbButton *const crumb : Shown())
+        crumb->hide();
+    const QImage image = breadcrumb->grab().toImage();
+    const QColor band(219, 39, 28);
+    QList<int> columns;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            if (image.pixelColor(x, y) != band) {
+                columns.append(x);
+                break;
+            }
+        }
+    }
+    return columns;
+}
+
+void TestBreadcrumb::testEachCrumbHasAnArrowBeforeIt()
+{
+    breadcrumb->SetList(Crumbs(11));
+    breadcrumb->SetList({home, {QStringLiteral("Scissors"), QStringLiteral("x")}});
+    QList<QRect> captions;
+    for (const CrumbButton *const crumb : Shown())
+        captions.append(crumb->CaptionRect());
+    // An arrow begins 75 twips behind the caption before it, 125 before its own.
+    const int second = captions[0].right() + 1;
+    QList<int> columns = ArrowColumns();
+    QVERIFY(!columns.isEmpty());
+    QCOMPARE(columns.first(), 75 / 15);
+    QVERIFY(columns.contains(second + 75 / 15));
+    for (const int column : columns) {
+        const bool isBeforeFirst = column < captions[0].left();
+        const bool isBeforeSecond = column > second && column < captions[1].left();
+        QVERIFY2(isBeforeFirst || isBeforeSecond, qPrintable(QString::number(column)));
+    }
 }
 
 void TestBreadcrumb::testCrumbsFollowEachOther()
