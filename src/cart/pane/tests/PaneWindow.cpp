@@ -50,6 +50,8 @@ PaneWindow::PaneWindow(const QString &language, const QString &applicationDirect
         ++printCount;
         if (whilePrinting)
             whilePrinting();
+        if (setUpPrinter)
+            setUpPrinter(printer);
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(PathOf(QStringLiteral("print.pdf")));
         return true;

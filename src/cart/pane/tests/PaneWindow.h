@@ -17,6 +17,7 @@
 #include <memory>
 #include <optional>
 
+class QPrinter;
 class QPushButton;
 
 namespace Tesk {
@@ -67,12 +68,15 @@ public:
     bool IsEnabled(const char *name);
 
     QString PathOf(const QString &name) const { return folder.filePath(name); }
-    /// The text of the sheets printed last, and how often was printed.
+    /// The text of the sheets printed last, a form feed behind each sheet.
     QString PrintedText();
+    /// Whether this many prints have ended.
     bool WaitForPrints(int count);
 
     QList<QByteArray> mails;
     int printCount = 0;
+    /// Makes the printer ready beyond its file.
+    std::function<void(QPrinter &printer)> setUpPrinter;
     /// Runs where the user would choose the printer.
     std::function<void()> whilePrinting;
     LastContact lastContact;

@@ -1,0 +1,164 @@
+#include "PaneWindow.h"
+#include "browser/WebBrowser.h"
+#include "support/EngineTest.h"
+#include "support/WaitUntil.h"
+
+#include <QPrinter>
+#include <QRegularExpression>
+
+using namespace Tesk;
+
+namespace {
+
+constexpr int LineCount = 40;
+
+/// The words of each line that is not empty.
+QList<QStringList> WordsOf(const QString &sheet)
+{
+    QList<QStringList> lines;
+    for (const QString &line : sheet.split(u'\n', Qt::SkipEmptyParts))
+        lines.append(line.simplified().split(u' '));
+    return lines;
+}
+
+} // namespace
+
+/// The cart and the order form on paper.
+class TestPanePrinting : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void testOrderOfFortyLines_data();
+    void testOrderOfFortyLines();
+    void testCartIsPrintedWithWhatTheFieldsHold();
+    void testPrintWaitsForThePageThatIsUnderWay();
+    void testEditIsPrinted();
+    void testPricesArePrintedWithAPriceListOnly();
+    void testEmptyOrderIsPrinted();
+};
+
+void TestPanePrinting::testOrderOfFortyLines_data()
+{
+    QTest::addColumn<int>("paper");
+    QTest::newRow("A4") << int{QPageSize::A4};
+    QTest::newRow("Letter") << int{QPageSize::Letter};
+}
+
+void TestPanePrinting::testOrderOfFortyLines()
+{
+    QFETCH(const int, paper);
+    PaneWindow pane;
+    pane.setUpPrinter = [paper](QPrinter &printer) {
+        printer.setPageSize(QPageSize(static_cast<QPageSize::PageSizeId>(paper)));
+    };
+    QStringList numbers;
+    for (int i = 0; i < LineCount; ++i) {
+        pane.Add(static_cast<qint16>(PaneWindow::Scissors + i), static_cast<qint16>(100 + i),
+                 QStringLiteral("Ward%1").arg(i));
+        numbers.append(pane.Cart().Entries().At(i)->ArtNr.section(u' ', -1));
+    }
+    pane.lastContact = {QStringLiteral("Bestellung"),
+                        QStringLiteral("Name der Institution: Klinik Süd\r\nTelefon: 4711\r\n")};
+    pane.Pane().ExtContactCall(true);
+    QVERIFY(pane.WaitForPrints(1));
+
+    const QStringList sheets = pane.PrintedText().split(u'\f', Qt::SkipEmptyParts);
+    QVERIFY(sheets.size() > 1);
+    // All lines in their order, number, category and amount in one row, nothing cut.
+    int line = 0;
+    for (const QString &sheet : sheets) {
+        for (const QStringList &words : WordsOf(sheet)) {
+            if (line < LineCount && words.size() > 3 && words.at(1) == numbers.at(line) &&
+                words.last() == QString::number(100 + line)) {
+                QCOMPARE(words.at(words.size() - 2), QStringLiteral("Ward%1").arg(line));
+                ++line;
+            }
+        }
+        QVERIFY2(sheet.contains(QRegularExpression(
+                     QStringLiteral("Article no\\. +Description +Your category +Amount"))),
+                 qUtf8Printable(sheet));
+        QVERIFY(sheet.contains(QStringLiteral("Tesk Instruments GmbH")));
+    }
+    QCOMPARE(line, LineCount);
+    QVERIFY(sheets.first().contains(QStringLiteral("Bestellung")));
+    QVERIFY(sheets.first().contains(QStringLiteral("Name der Institution: Klinik Süd\n")));
+    QVERIFY(!sheets.last().contains(QStringLiteral("Klinik Süd")));
+}
+
+void TestPanePrinting::testCartIsPrintedWithWhatTheFieldsHold()
+{
+    PaneWindow pane;
+    const QString category = QStringLiteral("Operating theatre 2, cupboard 14, upper drawer");
+    pane.Add(PaneWindow::Scissors, 23, category);
+    QVERIFY(pane.ShowCart());
+    pane.Pane().OnPrint();
+    QVERIFY(pane.WaitForPrints(1));
+    const QString text = pane.PrintedText();
+    QVERIFY2(text.contains(QStringLiteral("AB 10/115")) && text.contains(QStringLiteral(" 23\n")),
+             qUtf8Printable(text));
+    for (const QString &word : category.split(u' '))
+        QVERIFY2(text.contains(word), qUtf8Printable(text));
+    QVERIFY(text.contains(QStringLiteral("Shopping cart")));
+}
+
+// The window shows the pane, which loads its page, and asks for the print at once.
+void TestPanePrinting::testPrintWaitsForThePageThatIsUnderWay()
+{
+    PaneWindow pane;
+    pane.Add(PaneWindow::Scissors, 3);
+    pane.Pane().Initialize();
+    pane.Pane().OnPrint();
+    QVERIFY(pane.WaitForPrints(1));
+    QVERIFY(pane.PrintedText().contains(QStringLiteral("AB 10/115")));
+    pane.Add(PaneWindow::OtherScissors, 4);
+    pane.Pane().Initialize();
+    pane.Pane().OnPrint();
+    QVERIFY(pane.WaitForPrints(2));
+    QVERIFY(pane.PrintedText().contains(QStringLiteral("AB 10/116")));
+    QCOMPARE(pane.printCount, 2);
+}
+
+void TestPanePrinting::testEditIsPrinted()
+{
+    PaneWindow pane;
+    pane.Add(PaneWindow::Scissors, 3);
+    QVERIFY(pane.ShowCart());
+    QVERIFY(pane.Type(QStringLiteral("#cat_0"), QStringLiteral("Ward 81")));
+    pane.Pane().OnPrint();
+    QVERIFY(pane.WaitForPrints(1));
+    QVERIFY(pane.PrintedText().contains(QStringLiteral("Ward 81")));
+}
+
+void TestPanePrinting::testPricesArePrintedWithAPriceListOnly()
+{
+    PaneWindow pane;
+    pane.Add(PaneWindow::Scissors, 3);
+    pane.Pane().ExtContactCall(true);
+    QVERIFY(pane.WaitForPrints(1));
+    QVERIFY(!pane.PrintedText().contains(QStringLiteral("EUR")));
+    // The sample's price of AB 10/115.
+    pane.GetController().Prices().LoadPriceList(QStringLiteral(APPLICATION_DIR "/price_list.txt"));
+    pane.Pane().ExtContactCall(true);
+    QVERIFY(pane.WaitForPrints(2));
+    QVERIFY(pane.PrintedText().contains(QRegularExpression(QStringLiteral("14,60\\sEUR"))));
+}
+
+void TestPanePrinting::testEmptyOrderIsPrinted()
+{
+    PaneWindow pane;
+    pane.lastContact = {QStringLiteral("Kontakt"), QStringLiteral("Telefon: 4711\r\n")};
+    pane.Pane().ExtContactCall(true);
+    QVERIFY(pane.WaitForPrints(1));
+    const QString text = pane.PrintedText();
+    QVERIFY(text.contains(QStringLiteral("Kontakt")) &&
+            text.contains(QStringLiteral("Telefon: 4711")));
+    QVERIFY(!text.contains(QStringLiteral("empty")));
+}
+
+int main(int argc, char **argv)
+{
+    return RunEngineTest<TestPanePrinting>(argc, argv);
+}
+
+#include "TestPanePrinting.moc"
