@@ -22,7 +22,7 @@ public:
     MenuCommands(MainMenu &menus, Controller &controller, const ContactServices &contactServices,
                  QWidget *window);
 
-    /// Asks whether to leave. Closing the question without an answer is no answer No.
+    /// Asks whether to leave. Closing the question without an answer means No.
     bool IsExitConfirmed() const;
 
 Q_SIGNALS:

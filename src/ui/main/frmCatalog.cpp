@@ -120,6 +120,11 @@ void frmCatalog::ConnectCart()
         if (tab == CartTab)
             ucShoppingCart->Initialize();
     });
+    // A click on the tab that is shown leads back from the order form to the cart.
+    connect(tabMain, &QTabWidget::tabBarClicked, this, [this](int tab) {
+        if (tab == CartTab && tab == tabMain->currentIndex())
+            ucShoppingCart->Initialize();
+    });
     connect(ucShoppingCart, &ShoppingCart::OnProductSelect, this,
             &frmCatalog::ShowStandaloneDetails);
     connect(menuCommands, &MenuCommands::PriceListLoaded, ucShoppingCart,
@@ -144,6 +149,8 @@ void frmCatalog::ConnectKeys()
     const auto *const keys = new WindowKeys(this);
     connect(keys, &WindowKeys::Back, this, &frmCatalog::GoBack);
     connect(keys, &WindowKeys::ShowTab, this, [this](int position) {
+        if (position == CartTab && position == tabMain->currentIndex())
+            ucShoppingCart->Initialize();
         tabMain->setCurrentIndex(position);
         tabMain->currentWidget()->setFocus(Qt::ShortcutFocusReason);
     });
