@@ -52,7 +52,10 @@ QByteArray Read(const QString &fileName)
 void Write(const QString &fileName, const QByteArray &content)
 {
     QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+    // Flushed by hand: the commit itself overlooks it when the last bytes find no room on the disk.
+    const bool isWritten = file.open(QIODevice::WriteOnly) &&
+                           file.write(content) == content.size() && file.flush() && file.commit();
+    if (!isWritten)
         throw FileError(
             QStringLiteral("%1 cannot be written: %2").arg(fileName, file.errorString()));
 }

@@ -1,5 +1,6 @@
 #include "BrowserFixture.h"
 #include "LogCapture.h"
+#include "base/tests/FileSizeLimit.h"
 #include "browser/PagePrinter.h"
 #include "browser/PaperSize.h"
 #include "browser/PdfPainter.h"
@@ -284,6 +285,32 @@ private Q_SLOTS:
         QVERIFY(!printer.IsPrinting());
         QVERIFY(log.Has("tesk.browser.print", {QStringLiteral("Long table"), fileName}));
     }
+
+#ifdef Q_OS_UNIX
+    // A document of one small sheet fits into the buffer between the program and the disk.
+    void testFullDiskLeavesTheOldFile()
+    {
+        QVERIFY(OpenDataSheet(1));
+        fixture.Write(QStringLiteral("old.pdf"), "old");
+        const QString old = fixture.Path(QStringLiteral("old.pdf"));
+        const qint64 size = QFileInfo(fixture.Path(QStringLiteral("content/sheet.pdf"))).size();
+        for (const qint64 room : {qint64{0}, size - 1}) {
+            const LogCapture log;
+            PagePrinter printer(fixture.Browser(), IntoFile(old));
+            QSignalSpy finished(&printer, &PagePrinter::Finished);
+            {
+                const FileSizeLimit limit(static_cast<rlim_t>(room));
+                QVERIFY(printer.Print());
+            }
+            QVERIFY(finished.wait(BrowserFixture::waitTime));
+            QVERIFY(!finished.first().first().toBool());
+            QVERIFY(log.Has("tesk.browser.print", {old}));
+            QFile file(old);
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QCOMPARE(file.readAll(), QByteArray("old"));
+        }
+    }
+#endif
 
     void testPrintsAgainAfterTheEngineFailed()
     {

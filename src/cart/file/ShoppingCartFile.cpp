@@ -35,7 +35,10 @@ void Save(const clsShoppingCart &cart, const QString &path)
     const QString text = cart.Serialize() + LineEnd;
     const QByteArray bytes = CodePage::ToBytes(text);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    // Flushed by hand: the commit itself overlooks it when the last bytes find no room on the disk.
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() &&
+                           file.flush() && file.commit();
+    if (!isWritten)
         throw FileError(QStringLiteral("The shopping cart cannot be saved as \"%1\" (%2). Save it "
                                        "in another folder or under another name.")
                             .arg(QDir::toNativeSeparators(path), file.errorString()));

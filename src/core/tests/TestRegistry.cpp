@@ -1,3 +1,4 @@
+#include "base/tests/FileSizeLimit.h"
 #include "core/Registry.h"
 
 #include <QDir>
@@ -10,11 +11,6 @@
 #include <QTest>
 
 #include <memory>
-
-#ifdef Q_OS_UNIX
-#include <csignal>
-#include <sys/resource.h>
-#endif
 
 using namespace Tesk;
 
@@ -228,17 +224,13 @@ private Q_SLOTS:
         registry.RegSetString(Key, Name, QStringLiteral("old"));
         const QByteArray before = BytesOf(FileName());
 
-        // Files may grow to 4 KiB only: the lock fits, the new settings do not.
-        struct rlimit limit = {};
-        QCOMPARE(getrlimit(RLIMIT_FSIZE, &limit), 0);
-        const struct rlimit small = {4096, limit.rlim_max};
-        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(QStringLiteral("settings cannot be written")));
-        registry.RegSetString(Key, Name, QString(10000, QLatin1Char('x')));
-        QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
-        std::signal(SIGXFSZ, handler);
+        {
+            // The lock fits, the new settings do not.
+            const FileSizeLimit limit(4096);
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(QStringLiteral("settings cannot be written")));
+            registry.RegSetString(Key, Name, QString(10000, QLatin1Char('x')));
+        }
 
         QCOMPARE(BytesOf(FileName()), before);
         QCOMPARE(registry.RegGetString(Key, Name), QStringLiteral("old"));

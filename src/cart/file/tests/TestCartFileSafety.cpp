@@ -1,4 +1,5 @@
 #include "base/Errors.h"
+#include "base/tests/FileSizeLimit.h"
 #include "cart/file/ShoppingCartFile.h"
 #include "cart/file/tests/CartFiles.h"
 
@@ -9,11 +10,8 @@
 #include <memory>
 
 #ifdef Q_OS_UNIX
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <csignal>
 #endif
 
 using namespace Tesk;
@@ -25,33 +23,6 @@ QString Text(const char *utf8)
 {
     return QString::fromUtf8(utf8);
 }
-
-#ifdef Q_OS_UNIX
-/// While it lives, no file of this process grows beyond the limit: writing on fails as it does on a
-/// full disk.
-class FileSizeLimit final
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-        : oldHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &oldLimit);
-        const rlimit limit{bytes, oldLimit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &oldLimit);
-        std::signal(SIGXFSZ, oldHandler);
-    }
-    FileSizeLimit(const FileSizeLimit &) = delete;
-    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
-
-private:
-    rlimit oldLimit{};
-    void (*oldHandler)(int);
-};
-#endif
 
 } // namespace
 
@@ -65,12 +36,14 @@ private Q_SLOTS:
 
     void testFullDiskLeavesTheOldFile_data();
     void testFullDiskLeavesTheOldFile();
+    void testFullDiskLeavesTheOldFileOfASmallCart();
     void testKilledProgramLeavesTheOldFile();
     void testFailedSaveLeavesNoNewFile();
     void testFolderOfThatNameIsAnError();
     void testMissingFolderIsAnError();
 
 private:
+    void FillCart(int count);
     QString SaveError() const;
 
     std::unique_ptr<QTemporaryDir> folder;
@@ -82,8 +55,13 @@ void TestCartFileSafety::init()
 {
     folder = std::make_unique<QTemporaryDir>();
     path = folder->filePath(Text("order.csv"));
+    FillCart(5000);
+}
+
+void TestCartFileSafety::FillCart(int count)
+{
     cart.Clear();
-    for (int i = 0; i < 5000; ++i)
+    for (int i = 0; i < count; ++i)
         cart.AddItem(MakeItem(QString::number(i), Text("AB 1"), Text("Clamp"), 1));
 }
 
@@ -119,6 +97,35 @@ void TestCartFileSafety::testFullDiskLeavesTheOldFile()
     QVERIFY(message.contains(QDir::toNativeSeparators(path)));
     QCOMPARE(BytesOf(path), QByteArray("9;ZZ 9;Old;1;\r\n\r\n\r\n"));
     QCOMPARE(QDir(folder->path()).entryList(QDir::Files), QStringList(Text("order.csv")));
+#else
+    QSKIP("The system has no limit for a file's size.");
+#endif
+}
+
+// A cart of some lines fits into the buffer between the program and the disk.
+void TestCartFileSafety::testFullDiskLeavesTheOldFileOfASmallCart()
+{
+#ifdef Q_OS_UNIX
+    const QByteArray old("9;ZZ 9;Old;1;\r\n\r\n\r\n");
+    for (int count = 1; count <= 30; ++count) {
+        FillCart(count);
+        const int size = int(cart.Serialize().size()) + 2;
+        for (const int room : {0, size - 1}) {
+            WriteBytes(path, old);
+            QString message;
+            {
+                const FileSizeLimit limit(static_cast<rlim_t>(room));
+                message = SaveError();
+            }
+            const QByteArray place = QByteArray::number(count) + " lines, " +
+                                     QByteArray::number(room) + " bytes of room";
+            QVERIFY2(message.contains(QDir::toNativeSeparators(path)), place.constData());
+            QVERIFY2(BytesOf(path) == old, place.constData());
+        }
+        const FileSizeLimit limit(static_cast<rlim_t>(size));
+        QCOMPARE(SaveError(), QString());
+        QCOMPARE(BytesOf(path).size(), size);
+    }
 #else
     QSKIP("The system has no limit for a file's size.");
 #endif
