@@ -15,11 +15,30 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcFiles, "tesk.files")
 
-/// Runs the dialog and gives the path that was chosen.
+void SayThatFolderIsMissing(const QString &folder, QWidget *owner)
+{
+    // The library's own words, so that they come in the language of its dialogs.
+    const QString message =
+        QCoreApplication::translate("QFileDialog",
+                                    "%1\nDirectory not found.\nPlease verify the correct directory "
+                                    "name was given.")
+            .arg(QDir::toNativeSeparators(folder));
+    QMessageBox box(QMessageBox::Warning, QString(), message, QMessageBox::Ok, owner);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+/// Runs the dialog, again and again while the name lies in no folder, and gives the path chosen.
 QString ChosenPath(QFileDialog &dialog)
 {
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return QString();
+    for (;;) {
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+            return QString();
+        const QDir folder = QFileInfo(dialog.selectedFiles().constFirst()).absoluteDir();
+        if (folder.exists())
+            break;
+        SayThatFolderIsMissing(folder.path(), dialog.parentWidget());
+    }
     QString path = QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
     if (path.size() > MaxPathLength) {
         qCWarning(lcFiles) << "The path is longer than" << MaxPathLength << "characters:" << path;

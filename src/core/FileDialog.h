@@ -21,6 +21,7 @@ inline constexpr quint32 PathMustExist = 0x800;
 QString ToQtFilter(const QString &filter);
 
 /// The chosen path with the system's separators; empty when cancelled or longer than MaxPathLength.
+/// A name in a folder that does not exist is not taken: the user is told, and the dialog returns.
 QString ShowOpenDialog(const QString &filter, quint32 flags, QWidget *owner);
 /// `ignored` stands for an argument that has no effect. A name that lacks the `ending` (".csv", in
 /// whatever case) gets it behind the length limit's check. Asks before a file is replaced: the one

@@ -252,6 +252,60 @@ private Q_SLOTS:
         QVERIFY2(shown.endsWith(QStringLiteral("order")), qPrintable(shown));
     }
 
+    void testSaveRefusesAMissingFolder_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("ending");
+        QTest::addColumn<QString>("missing");
+        const auto row = [](const char *title, const char *name, const QString &ending,
+                            const char *missing) {
+            QTest::newRow(title) << QString::fromLatin1(name) << ending
+                                 << QString::fromLatin1(missing);
+        };
+        row("missing", "none/order.csv", QString(), "none");
+        row("missing, ending to be added", "none/order", CartEnding, "none");
+        row("several missing", "none/nothing/order.csv", CartEnding, "none/nothing");
+        row("a file in its place", "file/order.csv", CartEnding, "file");
+    }
+
+    void testSaveRefusesAMissingFolder()
+    {
+        QFETCH(const QString, name);
+        QFETCH(const QString, ending);
+        QFETCH(const QString, missing);
+        MakeFile(QStringLiteral("file"));
+        const QString right = folder->filePath(QStringLiteral("order.csv"));
+        QString message;
+        QString shown;
+        // The user reads the message, finds the name as it was typed and mends it.
+        DialogDriver driver(
+            {Choose(folder->filePath(name)),
+             [&message](QDialog &dialog) {
+                 message = qobject_cast<QMessageBox *>(&dialog)->text();
+                 Answer(QMessageBox::Ok)(dialog);
+             },
+             [&](QDialog &dialog) {
+                 shown = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text();
+                 Choose(right)(dialog);
+             }});
+        QCOMPARE(FileDialog::ShowSaveDialog(CartFilter, 0, nullptr, ending),
+                 QDir::toNativeSeparators(right));
+        QVERIFY(driver.IsDone());
+        QVERIFY2(message.contains(QDir::toNativeSeparators(folder->filePath(missing)) +
+                                  QLatin1Char('\n')),
+                 qPrintable(message));
+        QVERIFY2(shown.endsWith(name), qPrintable(shown));
+    }
+
+    void testOpenOfAnyNameRefusesAMissingFolder()
+    {
+        DialogDriver driver({Choose(folder->filePath(QStringLiteral("none/prices.txt"))),
+                             Answer(QMessageBox::Ok), Cancel});
+        QCOMPARE(FileDialog::ShowOpenDialog(PriceFilter, FileDialog::PathMustExist, nullptr),
+                 QString());
+        QVERIFY(driver.IsDone());
+    }
+
     void testSaveCancelledIsEmpty()
     {
         DialogDriver driver({Cancel});
