@@ -22,6 +22,13 @@ public:
     using CatalogueError::CatalogueError;
 };
 
+/// A list that has grown beyond what its positions can number.
+class OverflowError : public CatalogueError
+{
+public:
+    using CatalogueError::CatalogueError;
+};
+
 /// A row, column or list position that does not exist.
 class SubscriptError : public CatalogueError
 {

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void testFamilyIsCaughtAsOne()
     {
         QVERIFY_EXCEPTION_THROWN(throw ConversionError(QString()), CatalogueError);
+        QVERIFY_EXCEPTION_THROWN(throw OverflowError(QString()), CatalogueError);
         QVERIFY_EXCEPTION_THROWN(throw SubscriptError(QString()), CatalogueError);
         QVERIFY_EXCEPTION_THROWN(throw FileError(QString()), CatalogueError);
         QVERIFY_EXCEPTION_THROWN(throw DuplicateKeyError(QString()), CatalogueError);

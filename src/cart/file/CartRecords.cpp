@@ -7,7 +7,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace Tesk {
@@ -17,8 +16,7 @@ namespace {
 constexpr QLatin1Char FieldSeparator(';');
 constexpr qsizetype FieldCount = 5;
 constexpr qsizetype LongestQuote = 60;
-// Positions in the cart are 16-bit numbers, as is its count.
-constexpr int MostItems = std::numeric_limits<qint16>::max();
+constexpr int MostItems = clsShoppingCart::MostItems;
 
 const QString Advice = QStringLiteral(
     "The shopping cart holds the articles before it. Mend the file and load it again.");
@@ -50,7 +48,7 @@ void CartRecords::TakeLine(const QString &line)
     else
         head = ItemOf(line);
     if (members.UpperBound() >= MostItems)
-        throw ConversionError(
+        throw OverflowError(
             QStringLiteral("%1 is one line too many for a set: it can hold %2 articles. %3")
                 .arg(Place())
                 .arg(MostItems)
@@ -62,7 +60,7 @@ void CartRecords::EndRecord()
     if (!head)
         return;
     if (cart.Entries().UpperBound() + 1 >= MostItems)
-        throw ConversionError(
+        throw OverflowError(
             QStringLiteral("%1 ends one article too many: a shopping cart can hold %2. %3")
                 .arg(Place())
                 .arg(MostItems)

@@ -16,7 +16,8 @@ public:
     CartRecords(const QString &nameOfFile, clsShoppingCart &cart);
 
     /// The next line, without its line end. Throws SubscriptError for fewer than five fields,
-    /// ConversionError for an amount that is no 16-bit number and for an item or member too many.
+    /// ConversionError for an amount that is no 16-bit number, OverflowError for an item or member
+    /// too many.
     void TakeLine(const QString &line);
 
     /// Whether the closing empty line of the last item is still to come.

@@ -19,8 +19,8 @@ void Save(const clsShoppingCart &cart, const QString &path);
 /// a single article; one without its closing empty line is left out. Line ends may be LF alone.
 /// Throws FileError for a file that cannot be opened, and the cart stays as it was. What is wrong
 /// later ends the loading, and the cart keeps the items read before: SubscriptError for a line of
-/// fewer than five fields, ConversionError for an amount that is no 16-bit number and beyond 32767
-/// items or members, FileError for a file that cannot be read on.
+/// fewer than five fields, ConversionError for an amount that is no 16-bit number, OverflowError
+/// beyond 32767 items or members, FileError for a file that cannot be read on.
 void Load(const QString &path, clsShoppingCart &cart);
 
 } // namespace ShoppingCartFile

@@ -1,5 +1,6 @@
 #include "cart/model/clsShoppingCart.h"
 
+#include "base/Errors.h"
 #include "base/Numbers.h"
 
 namespace Tesk {
@@ -17,6 +18,11 @@ void clsShoppingCart::Add(const QString &id, const QString &artNr, const QString
 
 void clsShoppingCart::AddItem(ShoppingCartItemList::Item item)
 {
+    if (entries.UpperBound() - entries.LowerBound() + 1 >= MostItems)
+        throw OverflowError(
+            QStringLiteral("The shopping cart holds %1 articles, and no more fit into it. Save it, "
+                           "then go on with an empty one.")
+                .arg(MostItems));
     entries.Append(std::move(item));
 }
 
@@ -27,7 +33,13 @@ void clsShoppingCart::Clear()
 
 qint16 clsShoppingCart::Count() const
 {
-    return ToInt16(static_cast<double>(entries.UpperBound() - entries.LowerBound() + 1));
+    const int count = entries.UpperBound() - entries.LowerBound() + 1;
+    if (count > MostItems)
+        throw OverflowError(
+            QStringLiteral("The shopping cart holds %1 articles; it can work with %2. Delete some.")
+                .arg(count)
+                .arg(MostItems));
+    return static_cast<qint16>(count);
 }
 
 QString clsShoppingCart::Serialize() const

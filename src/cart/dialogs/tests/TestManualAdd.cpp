@@ -72,6 +72,7 @@ private Q_SLOTS:
     void testRowsAreAddedToWhatTheCartHolds();
     void testFailedRowDoesNotCostTheOthers_data();
     void testFailedRowDoesNotCostTheOthers();
+    void testFullCartKeepsItsLines();
 
 private:
     QStringList Added(std::initializer_list<CartRowEntry> rows);
@@ -202,6 +203,16 @@ void TestManualAdd::testFailedRowDoesNotCostTheOthers()
             {Row("AB 1", "", 1), CartRowEntry{artNr, reference, 1, QString()}, Row("AB 2", "", 1)}),
         ConversionError);
     QCOMPARE(Lines(), QStringList({QStringLiteral("1|AB 1|1|"), QStringLiteral("2|AB 2|1|")}));
+}
+
+void TestManualAdd::testFullCartKeepsItsLines()
+{
+    clsShoppingCart &cart = controller->GetShoppingCart();
+    for (int i = 0; i < 32766; ++i)
+        cart.AddItem(std::make_shared<clsShoppingCartItem>());
+    QVERIFY_EXCEPTION_THROWN(Added({Row("AB 1", "", 1), Row("AB 2", "", 1)}), OverflowError);
+    QCOMPARE(cart.Count(), qint16{32767});
+    QCOMPARE(cart.Entries().At(32766)->ArtNr, QStringLiteral("AB 1"));
 }
 
 QTEST_MAIN(TestManualAdd)

@@ -192,7 +192,7 @@ void TestCartFileErrors::testItemBeyondTheCartsLimit()
     QCOMPARE(cart.Count(), qint16{32767});
     // The 32768th item ends with line 65536.
     bytes += GoodRecord;
-    QVERIFY(ErrorOf<ConversionError>(bytes).startsWith(Text("Line 65536 ")));
+    QVERIFY(ErrorOf<OverflowError>(bytes).startsWith(Text("Line 65536 ")));
     QCOMPARE(cart.Count(), qint16{32767});
 }
 
@@ -201,7 +201,7 @@ void TestCartFileErrors::testMemberBeyondASetsLimit()
     const QByteArray line("1;AB 1;Clamp;3;\r\n");
     QCOMPARE(ErrorOf<CatalogueError>(GoodRecord + line + line.repeated(32767) + "\r\n"), QString());
     QCOMPARE(cart.Entries().At(1)->SetItems->UpperBound(), 32766);
-    QVERIFY(ErrorOf<ConversionError>(GoodRecord + line + line.repeated(32768) + "\r\n")
+    QVERIFY(ErrorOf<OverflowError>(GoodRecord + line + line.repeated(32768) + "\r\n")
                 .startsWith(Text("Line 32771 ")));
     QCOMPARE(LinesOf(cart), QStringList(GoodLine));
 }

@@ -25,6 +25,15 @@ clsShoppingCart CartOf(const QString &ids)
     return cart;
 }
 
+ShoppingCartItemList ListOf(int count)
+{
+    ShoppingCartItemList list;
+    const ShoppingCartItemList::Item item = Item(QStringLiteral("a"));
+    for (int i = 0; i < count; ++i)
+        list.Append(item);
+    return list;
+}
+
 QString Ids(const clsShoppingCart &cart)
 {
     QString ids;
@@ -162,17 +171,28 @@ private Q_SLOTS:
         QCOMPARE(Ids(cart), QStringLiteral("c"));
     }
 
-    void testCountBeyond16BitsIsAnError()
+    void testCountBeyond16BitsIsAnOverflow()
     {
-        ShoppingCartItemList list;
-        const ShoppingCartItemList::Item item = Item(QStringLiteral("a"));
-        for (int i = 0; i < 32767; ++i)
-            list.Append(item);
         clsShoppingCart cart;
-        cart.SetEntries(list);
+        cart.SetEntries(ListOf(32767));
         QCOMPARE(cart.Count(), qint16(32767));
-        cart.AddItem(item);
-        QVERIFY_EXCEPTION_THROWN(cart.Count(), ConversionError);
+        cart.SetEntries(ListOf(32768));
+        QVERIFY_EXCEPTION_THROWN(cart.Count(), OverflowError);
+    }
+
+    void testFullCartTakesNoFurtherItem()
+    {
+        clsShoppingCart cart;
+        cart.SetEntries(ListOf(32766));
+        cart.AddItem(Item(QStringLiteral("b")));
+        const QString one = QStringLiteral("1");
+        QVERIFY_EXCEPTION_THROWN(cart.AddItem(Item(QStringLiteral("c"))), OverflowError);
+        QVERIFY_EXCEPTION_THROWN(cart.Add(one, one, one, one), OverflowError);
+        QCOMPARE(cart.Count(), qint16(32767));
+        QCOMPARE(cart.Entries().At(32766)->Id, QStringLiteral("b"));
+        cart.DeleteItem(0, -1);
+        cart.AddItem(Item(QStringLiteral("d")));
+        QCOMPARE(cart.Count(), qint16(32767));
     }
 };
 
