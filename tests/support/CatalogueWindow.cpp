@@ -1,29 +1,17 @@
 #include "support/CatalogueWindow.h"
 
 #include "browser/LocalProfile.h"
-#include "browser/WebBrowser.h"
+#include "support/PageUser.h"
 #include "support/WaitUntil.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QPointer>
-#include <QTest>
 #include <QTimer>
-#include <QWebEngineView>
-
-#include <optional>
 
 namespace Tesk {
-
-namespace {
-
-constexpr int PollLimit = 300; // milliseconds
-
-} // namespace
 
 CatalogueWindow::CatalogueWindow(const QString &applicationDirectory, const QString &language,
                                  const QLocale &userLocale)
@@ -47,26 +35,12 @@ CatalogueWindow::~CatalogueWindow() = default;
 
 QVariant CatalogueWindow::Evaluate(const QString &expression)
 {
-    return Evaluate(expression, WaitLimit);
-}
-
-// A page that is just being left takes its answer along, so a question asked again and again must
-// not wait long for any one answer.
-QVariant CatalogueWindow::Evaluate(const QString &expression, int limit)
-{
-    const auto answer = std::make_shared<std::optional<QVariant>>();
-    window->wbMain->RunScript(expression, [answer](const QVariant &value) { *answer = value; });
-    if (!WaitUntil([&] { return answer->has_value(); }, limit))
-        return {};
-    return **answer;
+    return Page().Evaluate(expression);
 }
 
 bool CatalogueWindow::WaitFor(const QString &addressPart, const QString &expression)
 {
-    return WaitUntil([&] {
-        return window->wbMain->Address().contains(addressPart) &&
-               Evaluate(QStringLiteral("Boolean(%1)").arg(expression), PollLimit).toBool();
-    });
+    return Page().WaitFor(addressPart, expression);
 }
 
 bool CatalogueWindow::WaitForFilledPage(const QString &addressPart)
@@ -76,60 +50,32 @@ bool CatalogueWindow::WaitForFilledPage(const QString &addressPart)
                                                " return e && e.innerHTML.trim() !== '' })"));
 }
 
-std::optional<QPoint> CatalogueWindow::PlaceOf(const QString &selector)
-{
-    const QString quoted = QString::fromUtf8(QJsonDocument(QJsonArray{selector}).toJson());
-    const QVariantList place =
-        Evaluate(QStringLiteral("(() => { const e = document.querySelector(%1[0]);"
-                                " if (!e) return [];"
-                                " e.scrollIntoView({ block: 'nearest' });"
-                                " const r = e.getBoundingClientRect();"
-                                " return [r.left + r.width / 2, r.top + r.height / 2] })()")
-                     .arg(quoted))
-            .toList();
-    if (place.size() != 2)
-        return std::nullopt;
-    return QPoint(qRound(place[0].toDouble()), qRound(place[1].toDouble()));
-}
-
 bool CatalogueWindow::Click(const QString &selector)
 {
-    const std::optional<QPoint> place = PlaceOf(selector);
-    if (!place)
-        return false;
-    QWidget *const target = window->wbMain->View()->focusProxy();
-    QTest::mouseMove(target, *place);
-    QTest::mouseClick(target, Qt::LeftButton, {}, *place);
-    return true;
+    return Page().Click(selector);
 }
 
 bool CatalogueWindow::Hover(const QString &selector)
 {
-    const std::optional<QPoint> place = PlaceOf(selector);
-    // Through the window: where nothing is displayed, the cursor itself goes astray at a scale
-    // of 2.
-    if (place)
-        QTest::mouseMove(window->windowHandle(),
-                         window->wbMain->View()->focusProxy()->mapTo(window.get(), *place));
-    return place.has_value();
+    return Page().Hover(selector);
 }
 
 void CatalogueWindow::WaitForPaint()
 {
-    Evaluate(QStringLiteral("void(window.teskPainted = false,"
-                            " requestAnimationFrame(() => requestAnimationFrame("
-                            " () => { window.teskPainted = true })))"));
-    const bool isPainted =
-        WaitUntil([this] { return Evaluate(QStringLiteral("window.teskPainted")).toBool(); });
-    if (!isPainted)
-        qWarning("The page was not painted within %d ms.", WaitLimit);
+    Page().WaitForPaint();
+}
+
+PageUser CatalogueWindow::Page()
+{
+    return PageUser(*window->wbMain);
 }
 
 bool CatalogueWindow::AnswerDialogs(const std::function<void()> &action,
                                     const std::vector<DialogAnswer> &answers)
 {
     size_t answered = 0;
-    QPointer<QWidget> last;
+    QWidget *const before = QApplication::activeModalWidget();
+    QPointer<QWidget> last = before;
     QTimer poll;
     poll.setInterval(5);
     // A dialog runs an event loop of its own, inside of which the next one cannot open yet: so each
@@ -148,7 +94,7 @@ bool CatalogueWindow::AnswerDialogs(const std::function<void()> &action,
     poll.start();
     action();
     return WaitUntil(
-        [&] { return answered == answers.size() && QApplication::activeModalWidget() == nullptr; });
+        [&] { return answered == answers.size() && QApplication::activeModalWidget() == before; });
 }
 
 bool CopyApplicationDirectory(const QString &source, const QString &target)

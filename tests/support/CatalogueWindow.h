@@ -14,10 +14,11 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace Tesk {
+
+class PageUser;
 
 /// The real window on an application directory, with settings and cache of its own, driven as a
 /// person would drive it. Every wait is for a condition and has an end (WaitUntil.h).
@@ -55,13 +56,13 @@ public:
     using DialogAnswer = std::function<void(QWidget *dialog)>;
 
     /// Runs `action` and gives each modal dialog that opens then, one after the other, to the next
-    /// of the answers, which must close it. False when a dialog stays out or stays open.
+    /// of the answers, which must close it. False when a dialog stays out or stays open. An answer
+    /// may do the same for what opens above its own dialog.
     static bool AnswerDialogs(const std::function<void()> &action,
                               const std::vector<DialogAnswer> &answers);
 
 private:
-    QVariant Evaluate(const QString &expression, int limit);
-    std::optional<QPoint> PlaceOf(const QString &selector);
+    PageUser Page();
 
     QTemporaryDir settingsFolder;
     Registry registry;
