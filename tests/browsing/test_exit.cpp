@@ -1,4 +1,6 @@
+#include "support/CartTab.h"
 #include "support/CatalogueWindow.h"
+#include "support/Dialogs.h"
 #include "support/EngineTest.h"
 #include "support/SampleCatalogue.h"
 #include "ui/main/MainMenu.h"
@@ -27,6 +29,27 @@ class TestExit final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void testClosingWithNoKeepsTheCart()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        catalogue.GetController().AddProductToCart(2, 7, QStringLiteral("OR 2"));
+        CartTab cart(catalogue);
+        QVERIFY(cart.Open());
+        QVERIFY(cart.Page().TypeInto(QStringLiteral("#fld_0"), QStringLiteral("12")));
+        QString question;
+        QVERIFY(CatalogueWindow::AnswerDialogs([&] { catalogue.Window().close(); },
+                                               {PressButton(QMessageBox::No, &question)}));
+        QCOMPARE(question,
+                 QStringLiteral("Do you want to close the catalogue?\nA shopping cart that has not "
+                                "been saved will be lost."));
+        QVERIFY(catalogue.Window().isVisible());
+        catalogue.Window().GoHome();
+        QVERIFY(cart.Open());
+        QVERIFY(cart.WaitForLines(
+            {QStringLiteral("AB 10/116|Operating scissors, straight, sharp/blunt|OR 2|12")}));
+    }
+
     void testClosingWithNoKeepsTheWindowOpen()
     {
         CatalogueWindow catalogue(SampleCatalogue);
@@ -61,6 +84,7 @@ private Q_SLOTS:
         QFETCH(QMessageBox::StandardButton, answer);
         QFETCH(bool, isDatabaseOpen);
         CatalogueWindow catalogue(SampleCatalogue);
+        catalogue.GetController().AddProductToCart(2, 7, QStringLiteral("OR 2"));
         int questions = 0;
         QTimer answerer;
         QObject::connect(&answerer, &QTimer::timeout, &answerer, [&] {
