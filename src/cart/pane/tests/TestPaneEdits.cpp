@@ -254,11 +254,16 @@ void TestPaneEdits::testFailedDeletionIsReportedAndThePageComesBack()
     pane->Add(PaneWindow::Scissors, 1);
     const QStringList before = pane->Lines();
     QVERIFY(pane->ShowCart());
-    DialogDriver driver({Answer(QMessageBox::Ok)});
+    QString message;
+    DialogDriver driver({[&message](QDialog &dialog) {
+        message = qobject_cast<QMessageBox *>(&dialog)->text();
+        Answer(QMessageBox::Ok)(dialog);
+    }});
     QVERIFY(pane->WaitForPageAfter(
         [&] { pane->Pane().Browser()->RunScript(QStringLiteral("delItem('0_0')")); },
         CartAfterChange));
     QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
+    QVERIFY2(message.contains(QStringLiteral("AB 10/115")), qPrintable(message));
     QCOMPARE(pane->Lines(), before);
 }
 
