@@ -9,6 +9,7 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -24,6 +25,14 @@ QString Quoted(const QString &text)
 {
     return QString::fromUtf8(QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact)) +
            QStringLiteral("[0]");
+}
+
+QString Output(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput());
 }
 
 } // namespace
@@ -187,12 +196,21 @@ bool PaneWindow::WaitForPrints(int count)
 
 QString PaneWindow::PrintedText()
 {
-    QProcess reader;
-    reader.start(
+    return Output(
         QStringLiteral("pdftotext"),
         {QStringLiteral("-layout"), PathOf(QStringLiteral("print.pdf")), QStringLiteral("-")});
-    reader.waitForFinished();
-    return QString::fromUtf8(reader.readAllStandardOutput());
+}
+
+QList<int> PaneWindow::SheetsWithPictures()
+{
+    static const QRegularExpression line(QStringLiteral("^ *(\\d+) +\\d+ image"),
+                                         QRegularExpression::MultilineOption);
+    const QString list = Output(QStringLiteral("pdfimages"),
+                                {QStringLiteral("-list"), PathOf(QStringLiteral("print.pdf"))});
+    QList<int> sheets;
+    for (const QRegularExpressionMatch &picture : line.globalMatch(list))
+        sheets.append(picture.captured(1).toInt());
+    return sheets;
 }
 
 } // namespace Tesk

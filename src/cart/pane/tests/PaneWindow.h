@@ -70,6 +70,8 @@ public:
     QString PathOf(const QString &name) const { return folder.filePath(name); }
     /// The text of the sheets printed last, a form feed behind each sheet.
     QString PrintedText();
+    /// The sheet, counted from 1, of each picture on the sheets printed last.
+    QList<int> SheetsWithPictures();
     /// Whether this many prints have ended.
     bool WaitForPrints(int count);
 

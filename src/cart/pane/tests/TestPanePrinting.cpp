@@ -29,8 +29,8 @@ class TestPanePrinting : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void testOrderOfFortyLines_data();
-    void testOrderOfFortyLines();
+    void testFortyLines_data();
+    void testFortyLines();
     void testCartIsPrintedWithWhatTheFieldsHold();
     void testPrintWaitsForThePageThatIsUnderWay();
     void testEditIsPrinted();
@@ -38,16 +38,20 @@ private Q_SLOTS:
     void testEmptyOrderIsPrinted();
 };
 
-void TestPanePrinting::testOrderOfFortyLines_data()
+void TestPanePrinting::testFortyLines_data()
 {
     QTest::addColumn<int>("paper");
-    QTest::newRow("A4") << int{QPageSize::A4};
-    QTest::newRow("Letter") << int{QPageSize::Letter};
+    QTest::addColumn<bool>("isOrder");
+    QTest::newRow("order, A4") << int{QPageSize::A4} << true;
+    QTest::newRow("order, Letter") << int{QPageSize::Letter} << true;
+    QTest::newRow("cart, A4") << int{QPageSize::A4} << false;
+    QTest::newRow("cart, Letter") << int{QPageSize::Letter} << false;
 }
 
-void TestPanePrinting::testOrderOfFortyLines()
+void TestPanePrinting::testFortyLines()
 {
     QFETCH(const int, paper);
+    QFETCH(const bool, isOrder);
     PaneWindow pane;
     pane.setUpPrinter = [paper](QPrinter &printer) {
         printer.setPageSize(QPageSize(static_cast<QPageSize::PageSizeId>(paper)));
@@ -60,12 +64,18 @@ void TestPanePrinting::testOrderOfFortyLines()
     }
     pane.lastContact = {QStringLiteral("Bestellung"),
                         QStringLiteral("Name der Institution: Klinik Süd\r\nTelefon: 4711\r\n")};
-    pane.Pane().ExtContactCall(true);
+    if (isOrder) {
+        pane.Pane().ExtContactCall(true);
+    } else {
+        QVERIFY(pane.ShowCart());
+        pane.Pane().OnPrint();
+    }
     QVERIFY(pane.WaitForPrints(1));
 
     const QStringList sheets = pane.PrintedText().split(u'\f', Qt::SkipEmptyParts);
     QVERIFY(sheets.size() > 1);
-    // All lines in their order, number, category and amount in one row, nothing cut.
+    // All lines in their order, number, category and amount in one row, nothing cut and nothing
+    // that is there to be clicked.
     int line = 0;
     for (const QString &sheet : sheets) {
         for (const QStringList &words : WordsOf(sheet)) {
@@ -78,11 +88,16 @@ void TestPanePrinting::testOrderOfFortyLines()
         QVERIFY2(sheet.contains(QRegularExpression(
                      QStringLiteral("Article no\\. +Description +Your category +Amount"))),
                  qUtf8Printable(sheet));
-        QVERIFY(sheet.contains(QStringLiteral("Tesk Instruments GmbH")));
+        QCOMPARE(sheet.count(QStringLiteral("Tesk Instruments GmbH")), 1);
+        QVERIFY2(!sheet.contains(QStringLiteral("Remove")), qUtf8Printable(sheet));
+        // The heading of the print header stands on the first sheet only.
+        QCOMPARE(sheet.startsWith(QStringLiteral("Shopping cart\n")), &sheet == &sheets.first());
     }
     QCOMPARE(line, LineCount);
-    QVERIFY(sheets.first().contains(QStringLiteral("Bestellung")));
-    QVERIFY(sheets.first().contains(QStringLiteral("Name der Institution: Klinik Süd\n")));
+    QCOMPARE(pane.SheetsWithPictures(), QList<int>{1});
+    QCOMPARE(sheets.first().contains(QStringLiteral("Bestellung")), isOrder);
+    QCOMPARE(sheets.first().contains(QStringLiteral("Name der Institution: Klinik Süd\n")),
+             isOrder);
     QVERIFY(!sheets.last().contains(QStringLiteral("Klinik Süd")));
 }
 
