@@ -42,7 +42,7 @@ void OpenSets(CatalogueWindow &catalogue)
     QVERIFY(WaitForFillAfter(catalogue, [&] { ClickInTree(catalogue, leaf); }));
 }
 
-void Load(CatalogueWindow &catalogue, std::vector<CatalogueWindow::DialogAnswer> answers)
+void Load(CatalogueWindow &catalogue, const std::vector<CatalogueWindow::DialogAnswer> &answers)
 {
     const MainMenu &menus = *catalogue.Window().menus;
     QVERIFY(CatalogueWindow::AnswerDialogs(

@@ -29,7 +29,7 @@ constexpr int ProductsOnAPage = 20;
 
 Tour::Tour(const QString &applicationDirectory, const QString &pictureFolder, QSize windowSize)
     : catalogue(applicationDirectory)
-    , pictureFolder(pictureFolder)
+    , notes(pictureFolder, QString())
 {
     catalogue.GetController().Prices().LoadPriceList(applicationDirectory +
                                                      QLatin1String("/price_list.txt"));
@@ -53,7 +53,7 @@ QStringList Tour::Take()
     OtherLanguages();
     for (const int language : {0, 1, 2})
         WayBack(language);
-    return failures;
+    return notes.Failures();
 }
 
 void Tour::Welcome()
@@ -265,8 +265,7 @@ void Tour::OtherLanguages()
 
 void Tour::Check(bool isRight, const QString &what)
 {
-    if (!isRight)
-        failures << what;
+    notes.Check(isRight, what);
 }
 
 bool Tour::Shows(const QString &elementId, const QString &text)
@@ -311,10 +310,7 @@ void Tour::SavePicture(const QString &step)
 
 void Tour::SavePicture(const QString &step, QWidget *picture)
 {
-    const QString fileName =
-        QStringLiteral("%1-%2.png").arg(++pictureCount, 2, 10, QLatin1Char('0')).arg(step);
-    Check(picture->grab().save(pictureFolder.filePath(fileName)),
-          QStringLiteral("the picture %1 is saved").arg(fileName));
+    notes.SavePicture(step, picture);
 }
 
 } // namespace Tesk

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "TourNotes.h"
 #include "support/CatalogueWindow.h"
 
-#include <QDir>
+#include <QSize>
 #include <QStringList>
 
 namespace Tesk {
@@ -58,9 +59,7 @@ private:
     void SelectCategory(const QStringList &titles);
 
     CatalogueWindow catalogue;
-    QDir pictureFolder;
-    int pictureCount = 0;
-    QStringList failures;
+    TourNotes notes;
 };
 
 } // namespace Tesk

@@ -1,3 +1,4 @@
+#include "OrderTour.h"
 #include "Tour.h"
 
 #include "base/Errors.h"
@@ -28,9 +29,15 @@ int main(int argc, char **argv)
         return 2;
     }
     try {
-        Tesk::Tour tour(QDir(arguments[1]).absolutePath(), arguments[2],
-                        ParseSize(arguments.value(3)));
-        const QStringList failures = tour.Take();
+        const QString directory = QDir(arguments[1]).absolutePath();
+        const QSize size = ParseSize(arguments.value(3));
+        QStringList failures = Tesk::Tour(directory, arguments[2], size).Take();
+        failures += Tesk::OrderTour(directory, arguments[2], size, QStringLiteral("German"),
+                                    QStringLiteral("order-ge-"))
+                        .Take();
+        failures += Tesk::OrderTour(directory, arguments[2], size, QStringLiteral("French"),
+                                    QStringLiteral("order-fr-"))
+                        .Take();
         for (const QString &failure : failures)
             std::fprintf(stderr, "WRONG: %s\n", qPrintable(failure));
         std::printf("The tour's pictures are in %s\n", qPrintable(arguments[2]));
