@@ -12,6 +12,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QFile>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -64,6 +65,15 @@ private Q_SLOTS:
         catalogue.Window().ShowCartTab();
         QVERIFY(cart.IsCurrent());
         QVERIFY(cart.WaitForLines({Scissors, OtherScissors}));
+    }
+
+    void testClickOnTheTabLeavesNoButtonWithTheFocus()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        CartTab cart(catalogue);
+        QVERIFY(cart.Open());
+        QVERIFY(qobject_cast<QAbstractButton *>(QApplication::focusWidget()) == nullptr);
     }
 
     void testLineLeadsToItsProductAndBackOn_data()

@@ -23,6 +23,7 @@
 #include "ui/main/controls/NavLeft.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFile>
@@ -117,8 +118,12 @@ void frmCatalog::ConnectNavigation()
 void frmCatalog::ConnectCart()
 {
     connect(tabMain, &QTabWidget::currentChanged, this, [this](int tab) {
-        if (tab == CartTab)
-            ucShoppingCart->Initialize();
+        if (tab != CartTab)
+            return;
+        // The tabs hand the focus on to the first button, where Enter would load a file.
+        if (ucShoppingCart->isAncestorOf(QApplication::focusWidget()))
+            ucShoppingCart->setFocus();
+        ucShoppingCart->Initialize();
     });
     // A click on the tab that is shown leads back from the order form to the cart.
     connect(tabMain, &QTabWidget::tabBarClicked, this, [this](int tab) {
