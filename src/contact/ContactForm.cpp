@@ -108,8 +108,9 @@ ContactForm::ContactForm(ContactKind kind, const ContactServices &contactService
     auto *const right = new QVBoxLayout;
     for (QBoxLayout *const column : {left, right})
         column->setSpacing(Gap);
-    columns->addLayout(left);
-    columns->addLayout(right);
+    // An address needs the room more than the notes, which wrap.
+    columns->addLayout(left, 3);
+    columns->addLayout(right, 2);
 
     auto *const grid = new QGridLayout;
     grid->setSpacing(Gap);

@@ -145,6 +145,7 @@ private Q_SLOTS:
     void testToTheSearchFormAfterDetailsOfAnEarlierResult()
     {
         QVERIFY(Search(QStringLiteral("forceps")));
+        const QStringList hits = ShownNumbers();
         QVERIFY(OpenDetails(window->Protocol().ProductRows().Text(1, 0)));
         PressBack();
         QVERIFY(WaitForSearchResults());
@@ -159,6 +160,9 @@ private Q_SLOTS:
 
         PressBack();
         QCOMPARE(window->tabMain->currentIndex(), int(frmCatalog::SearchTab));
+        PressBack();
+        QVERIFY(WaitForSearchResults());
+        QVERIFY(WaitUntil([&] { return ShownNumbers() == hits; }));
     }
 
     void testACrumbShowsItsPageFromEveryTab()

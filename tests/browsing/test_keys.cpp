@@ -225,8 +225,8 @@ private Q_SLOTS:
         QCOMPARE(window->menus->mBack->text(), QStringLiteral("&Zurück"));
         QCOMPARE(window->menus->mHome->text(), QStringLiteral("Willkommen bei Tesk Instruments"));
         QCOMPARE(window->menus->mFastSearch->text(), QStringLiteral("Suche"));
-        QCOMPARE(window->menus->mPreviousProduct->text(), QStringLiteral("Vorherige Seite"));
-        QCOMPARE(window->menus->mNextProduct->text(), QStringLiteral("Nächste Seite"));
+        QCOMPARE(window->menus->mPreviousProduct->text(), QStringLiteral("Produkte ←"));
+        QCOMPARE(window->menus->mNextProduct->text(), QStringLiteral("Produkte →"));
         QCOMPARE(window->menus->mPrint->text(), QStringLiteral("&Drucken"));
         QCOMPARE(window->menus->mPrint->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_P));
         QCOMPARE(window->menus->mZoomIn->text(), QStringLiteral("Vergrößern"));

@@ -21,6 +21,7 @@ constexpr int GapBetweenLines = 6;
 const QString Style = QStringLiteral(
     "Tesk--CartToolbars { background: white; }"
     "QPushButton { border: 1px solid rgb(201, 205, 208); border-radius: 3px; padding: 6px 12px;"
+    " outline: none;"
     " background: white; color: rgb(31, 35, 38); }"
     "QPushButton:hover { background: rgb(236, 237, 237); }"
     "QPushButton:focus { border-color: rgb(31, 35, 38); }"

@@ -48,9 +48,9 @@ MainMenu::MainMenu(QMenuBar *bar)
     mBack->setShortcut(ShortcutKeys::Back);
     mHome = mExtra->addAction(QStringLiteral("Willkommen"));
     mHome->setShortcut(ShortcutKeys::Home);
-    mPreviousProduct = mExtra->addAction(QStringLiteral("Vorherige Seite"));
+    mPreviousProduct = mExtra->addAction(QStringLiteral("Produkte ←"));
     mPreviousProduct->setShortcut(ShortcutKeys::PreviousProduct);
-    mNextProduct = mExtra->addAction(QStringLiteral("Nächste Seite"));
+    mNextProduct = mExtra->addAction(QStringLiteral("Produkte →"));
     mNextProduct->setShortcut(ShortcutKeys::NextProduct);
     mFastSearch = mExtra->addAction(QStringLiteral("Suche"));
     mFastSearch->setShortcuts({ShortcutKeys::FastSearch, ShortcutKeys::SecondFastSearch});
@@ -82,8 +82,8 @@ void MainMenu::ApplyGuiTexts(const LanguageSupport &languages)
     mContact->setText(text("mContact"));
     mBack->setText(text("mBack"));
     mHome->setText(text("ucWelcomeCaption"));
-    mPreviousProduct->setText(DesktopText("Previous page"));
-    mNextProduct->setText(DesktopText("Next page"));
+    mPreviousProduct->setText(text("tabControlMain") + QStringLiteral(" ←"));
+    mNextProduct->setText(text("tabControlMain") + QStringLiteral(" →"));
     mFastSearch->setText(text("searchHeadline"));
     mZoomIn->setText(DesktopText("Zoom in"));
     mZoomOut->setText(DesktopText("Zoom out"));

@@ -205,6 +205,7 @@ void frmCatalog::ApplyGuiTexts()
         SetBreadcrumb({});
     } else {
         SetStatusText(currentNode->FullPath());
+        SetBreadcrumb(BuildBreadcrumbPath(currentNode));
     }
     ReloadPage();
 }
@@ -350,11 +351,12 @@ void frmCatalog::GoBack()
 {
     if (!history.HasMoreEntries())
         return;
-    // Results that the history holds already are not recorded again behind the form they come from.
-    const bool comesFromForm =
+    // Results with the address that going back reached last are not recorded behind their form: the
+    // form is then the newest entry, and is itself the step back.
+    const bool isFormNewest =
         history.Newest() == SearchDetailEntry && tabMain->currentIndex() == ProductsTab;
-    const QString entry = history.PopEntry();
-    if (entry == SearchDetailEntry || comesFromForm) {
+    const QString entry = isFormNewest ? SearchDetailEntry : history.PopEntry();
+    if (entry == SearchDetailEntry) {
         ucSearchDetail->Initialize();
         ShowSearchForm();
     } else {
