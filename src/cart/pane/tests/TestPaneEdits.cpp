@@ -42,10 +42,18 @@ private Q_SLOTS:
     void testClickOnATitleShowsTheProduct();
     void testClickOnAnArticleNumberShowsTheProduct();
     void testKeyOnATitleShowsTheProduct();
+    void testMarkupInTextsRunsNoCommand_data();
     void testMarkupInTextsRunsNoCommand();
+    void testOrderFormRunsNoCommandOfATitle();
+    void testMarkupInATitleIsShown();
+    void testLineOfAnyArticleNumberIsDeleted_data();
+    void testLineOfAnyArticleNumberIsDeleted();
+    void testLongCartIsShownWhole();
     void testPlaceInTheListOutlivesADeletion();
 
 private:
+    bool WaitForPicturesThatFail();
+
     std::unique_ptr<PaneWindow> pane;
 };
 
@@ -326,16 +334,129 @@ void TestPaneEdits::testKeyOnATitleShowsTheProduct()
     QCOMPARE(products.first().first().toString(), QStringLiteral("it's"));
 }
 
+/// Whether the page has been told of all pictures that could not be shown so far.
+bool TestPaneEdits::WaitForPicturesThatFail()
+{
+    pane->Evaluate(QStringLiteral("(() => { const picture = new Image();"
+                                  " picture.onerror = () => { window.hasFailed = true; };"
+                                  " picture.src = 'none.gif'; })()"));
+    return pane->WaitFor(QStringLiteral("window.hasFailed")) && pane->WaitForReports();
+}
+
+// What a file of somebody else may hold, in each of a line's texts.
+void TestPaneEdits::testMarkupInTextsRunsNoCommand_data()
+{
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char *name, const char *text) {
+        QTest::newRow(name) << QString::fromLatin1(text);
+    };
+    row("script", "<script>window.status='delItem:0'</script>");
+    row("picture", "<img src=x onerror=\"window.status='delItem:0'\">");
+    row("drawing", "<svg><svg onload=\"window.status='delItem:0'\">");
+    row("frame", "<iframe srcdoc=\"<script>parent.status='delItem:0'</script>\"></iframe>");
+    row("frame's address", "<iframe src=\"javascript:parent.status='delItem:0'\"></iframe>");
+    row("field", "<input autofocus onfocus=\"window.status='delItem:0'\">");
+    row("details", "<details open ontoggle=\"window.status='delItem:0'\">x</details>");
+    row("style", "<style onload=\"window.status='delItem:0'\"></style>");
+    row("end of the attribute", "\"><img src=x onerror=\"window.status='delItem:0'\">");
+    row("end of the cell", "</td></tr></table><img src=x onerror=\"window.status='delItem:0'\">");
+    row("amount", "<img src=x onerror=\"window.status='amountChange:fld_0:999'\">");
+    row("another page",
+        "<meta http-equiv=refresh content=\"0;url=shopping_cart.html?action=doSave\">");
+}
+
 void TestPaneEdits::testMarkupInTextsRunsNoCommand()
+{
+    QFETCH(const QString, text);
+    pane->Add(PaneWindow::Scissors, 1);
+    clsShoppingCartItem &item = *pane->Cart().Entries().At(0);
+    item.Id = item.ArtNr = item.Title = item.AltCategory = text;
+    const QStringList before = pane->Lines();
+    QVERIFY(pane->ShowCart());
+    const QSignalSpy pages(pane->Pane().Browser(), &WebBrowser::DocumentComplete);
+    QVERIFY(WaitForPicturesThatFail());
+    QCOMPARE(pane->Lines(), before);
+    QCOMPARE(pages.count(), 0);
+}
+
+void TestPaneEdits::testOrderFormRunsNoCommandOfATitle()
+{
+    pane->Add(PaneWindow::Scissors, 1);
+    const QString hostile = QStringLiteral("<img src=x onerror=\"window.status='delItem:0'\">");
+    pane->Cart().Entries().At(0)->Title = hostile;
+    pane->lastContact = {hostile, hostile};
+    QVERIFY(pane->WaitForPageAfter([&] { pane->Pane().ExtContactCall(false); },
+                                   QStringLiteral("/content/order_form.html")));
+    QVERIFY(WaitForPicturesThatFail());
+    QCOMPARE(pane->Cart().Count(), qint16{1});
+}
+
+void TestPaneEdits::testMarkupInATitleIsShown()
 {
     pane->Add(PaneWindow::Scissors, 1);
     pane->Cart().Entries().At(0)->Title =
-        QStringLiteral("<script>window.status='delItem:0'</script>it's \"<b>bold</b>\"");
+        QStringLiteral("it's \"<b>bold</b>\" <new> H<sub>2</sub>O < 5 &amp; \u00FC");
     QVERIFY(pane->ShowCart());
+    QCOMPARE(pane->Evaluate(QStringLiteral("document.querySelector('#contListRow0 b').innerText")),
+             QVariant(QStringLiteral("bold")));
+    QCOMPARE(pane->Evaluate(QStringLiteral(
+                 "document.querySelector('#contListRow0 td:nth-child(3)').textContent")),
+             QVariant(QStringLiteral("it's \"bold\"  H2O < 5 & \u00FC")));
+}
+
+void TestPaneEdits::testLineOfAnyArticleNumberIsDeleted_data()
+{
+    QTest::addColumn<QString>("artNr");
+    const auto row = [](const char *name, const char *artNr) {
+        QTest::newRow(name) << QString::fromLatin1(artNr);
+    };
+    row("apostrophe", "AB 1'2");
+    row("percent signs", "50%27)+%41");
+    row("backslash", "AB\\1");
+    row("a command", "');delItem('0');('");
+}
+
+// The question names the number as it is, and the line goes only when the user says yes.
+void TestPaneEdits::testLineOfAnyArticleNumberIsDeleted()
+{
+    QFETCH(const QString, artNr);
+    pane->Add(PaneWindow::OtherScissors, 4);
+    pane->Add(PaneWindow::Scissors, 3);
+    pane->Cart().Entries().At(1)->ArtNr = artNr;
+    const QStringList before = pane->Lines();
+    QVERIFY(pane->ShowCart());
+    const QString link = QStringLiteral("#contListRow1 td:last-child a");
+    QStringList questions;
+    const auto reply = [&questions](QMessageBox::StandardButton button) {
+        return [&questions, button](QDialog &dialog) {
+            questions.append(qobject_cast<QMessageBox *>(&dialog)->text());
+            Answer(button)(dialog);
+        };
+    };
+    DialogDriver driver({reply(QMessageBox::Cancel), reply(QMessageBox::Ok)});
+    QVERIFY(pane->Click(link));
+    QVERIFY(WaitUntil([&] { return questions.size() == 1; }));
     QVERIFY(pane->WaitForReports());
-    QCOMPARE(pane->Cart().Count(), qint16{1});
-    QVERIFY(pane->Evaluate(QStringLiteral("document.querySelector('#contListRow0 b') !== null"))
-                .toBool());
+    QCOMPARE(pane->Lines(), before);
+    QVERIFY(pane->WaitForPageAfter([&] { QVERIFY(pane->Click(link)); }, CartAfterChange));
+    QCOMPARE(pane->Lines(), before.mid(0, 1));
+    const QString question =
+        QStringLiteral("Do you really want to remove %1 from the shopping cart?").arg(artNr);
+    QCOMPARE(questions, QStringList({question, question}));
+}
+
+void TestPaneEdits::testLongCartIsShownWhole()
+{
+    constexpr int lineCount = 5000;
+    for (int i = 0; i < lineCount; ++i)
+        pane->Add(PaneWindow::Scissors, 1);
+    QVERIFY(pane->ShowCart());
+    QCOMPARE(pane->Evaluate(QStringLiteral("document.querySelectorAll('tr.contListRow').length")),
+             QVariant(lineCount));
+    QVERIFY(pane->WaitForPageAfter(
+        [&] { pane->Pane().Browser()->RunScript(QStringLiteral("delItem('4999')")); },
+        CartAfterChange));
+    QVERIFY(pane->WaitFor(QStringLiteral("!document.getElementById('contListRow4999')")));
 }
 
 void TestPaneEdits::testPlaceInTheListOutlivesADeletion()
