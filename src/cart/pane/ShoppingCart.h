@@ -3,12 +3,10 @@
 #include "browser/PagePrinter.h"
 #include "cart/pane/CartActions.h"
 #include "cart/pane/CartCommand.h"
-#include "cart/pane/CartHtml.h"
+#include "cart/pane/CartPages.h"
 #include "contact/ContactServices.h"
 
 #include <QWidget>
-
-#include <memory>
 
 class QWebEngineProfile;
 
@@ -18,9 +16,7 @@ class AfterPage;
 class CartToolbars;
 class Controller;
 class HtmlBuilder;
-class PageContext;
 class WebBrowser;
-class clsShoppingCart;
 
 /// The pane that shows and edits the shopping cart: two toolbars above a browser of its own. The
 /// cart itself is the only state; the page is written from it whenever it has loaded. Commands are
@@ -65,51 +61,29 @@ Q_SIGNALS:
     void OnProductSelect(const QString &id);
 
 private:
-    enum class Action { None, Save, SendRequest, SendOrder };
-
-    static Action ActionOf(const QString &address);
-
     void Start(CartCommand command);
     void Perform(CartCommand command);
     void Load();
     void AddManually();
     void Empty();
     void Print();
-    void Perform(Action action);
+    void Carry(CartPageAction action);
     void SendForm(bool isOrder);
 
-    void DocumentComplete(const QString &address);
-    void LoadFailed();
-    void StatusTextChange(const QString &text);
-    void DeleteLine(const QString &text);
-    void ShowPage(const QString &address, bool isReload);
-    void LeaveToProduct(const QString &address);
-    void WriteCart();
-    void WriteOrderForm();
+    void PageWritten(CartPageAction action);
+    void PageFailed();
     void UpdateButtons();
 
-    void Navigate(QLatin1String page);
-    bool IsPageUnderWay() const;
-    clsShoppingCart &Cart() const;
-
     Parts parts;
-    std::unique_ptr<const PageContext> context;
-    CartHtml html;
     CartActions actions;
     CartToolbars *toolbars;
     WebBrowser *wbShoppingCart;
     PagePrinter *printer;
-    /// Waits for the field that the user types in; for what is written into the page.
+    CartPages *pages;
+    /// Waits for the field that the user types in.
     AfterPage *afterEdit;
-    AfterPage *afterWriting;
-    /// The address that the pane asked for last, until its page has loaded.
-    QString requestedAddress;
     bool isCommandRunning = false;
     bool isPrintRequested = false;
-    /// A line was deleted or the cart was replaced: the page's keys are no longer the cart's.
-    bool isPageOutdated = false;
-    /// The engine failed and opens the last page again, whose action was carried out before.
-    bool isReloading = false;
 };
 
 } // namespace Tesk

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "cart/pane/CartHtml.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+namespace Tesk {
+
+class AfterPage;
+class Controller;
+class HtmlBuilder;
+class PageContext;
+class WebBrowser;
+class clsShoppingCart;
+struct LastContact;
+
+/// What a page of the pane is to be followed by; it stands in the page's address.
+enum class CartPageAction { None, Save, SendRequest, SendOrder, Print };
+
+/// The cart's pages in the pane's browser: asks for them, writes the cart into each one that has
+/// loaded, and hears what it reports. Edits and deletions go straight into the cart.
+class CartPages final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What the pages are made of; all of it outlives them.
+    struct Sources
+    {
+        Controller &controller;
+        const HtmlBuilder &builder;
+        const LastContact &lastContact;
+    };
+
+    /// Belongs to the browser.
+    CartPages(const Sources &sources, WebBrowser &browser);
+    ~CartPages() override;
+
+    void ShowCart(CartPageAction action = CartPageAction::None);
+    /// A line was deleted or the cart was replaced: what the old page still reports is not heard.
+    void ShowChangedCart();
+    /// The cart that was not changed after all.
+    void ShowUnchangedCart();
+    void ShowOrderForm(bool isToBePrinted);
+
+    /// Whether a page is loading or what was written into it is not there yet.
+    bool IsUnderWay() const;
+    bool IsOrderForm() const;
+
+Q_SIGNALS:
+    /// A page has loaded and gets its contents next.
+    void Loaded();
+    /// The page that was asked for last has loaded, and the one before has nothing more to report.
+    void Replaced();
+    /// All that was written into the page is there.
+    void Written(Tesk::CartPageAction action);
+    /// The page that was asked for does not come, or nothing could be written into it.
+    void Failed();
+    void ProductChosen(const QString &id);
+
+private:
+    void DocumentComplete(const QString &address);
+    void Write(const QString &address, bool isReload);
+    void WriteCart();
+    void WriteOrderForm();
+    void LeaveToProduct(const QString &address);
+    void LoadFailed();
+    void StatusTextChange(const QString &text);
+    void DeleteLine(const QString &text);
+    void Navigate(QLatin1String page);
+    clsShoppingCart &Cart() const;
+
+    Sources sources;
+    std::unique_ptr<const PageContext> context;
+    CartHtml html;
+    WebBrowser &browser;
+    AfterPage *afterWriting;
+    /// The address that was asked for last, until its page has loaded.
+    QString requestedAddress;
+    /// The page's keys are no longer the cart's.
+    bool isOutdated = false;
+    /// The engine failed and opens the last page again, whose action was carried out before.
+    bool isReloading = false;
+};
+
+} // namespace Tesk
