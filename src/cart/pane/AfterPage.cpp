@@ -42,17 +42,17 @@ void AfterPage::Run(const QString &script, Step next)
     if (!isEngineRunning)
         return;
     const QPointer<AfterPage> self = this;
-    browser.RunScript(script, [self, thisTurn](const QVariant &) {
+    browser.RunScript(script, [self, thisTurn](const QVariant &answer) {
         if (self && self->turn == thisTurn)
-            self->GoOn();
+            self->GoOnWith(answer);
     });
 }
 
-void AfterPage::GoOn()
+void AfterPage::GoOnWith(const QVariant &answer)
 {
     patience.stop();
     if (const Step step = std::exchange(waitingStep, {}))
-        step();
+        step(answer);
 }
 
 } // namespace Tesk

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QString>
 #include <QTimer>
+#include <QVariant>
 
 #include <functional>
 
@@ -18,7 +19,8 @@ class AfterPage final : public QObject
     Q_OBJECT
 
 public:
-    using Step = std::function<void()>;
+    /// `answer`: the script's value, invalid without one.
+    using Step = std::function<void(const QVariant &answer)>;
 
     /// Belongs to the browser.
     explicit AfterPage(WebBrowser &browser);
@@ -26,11 +28,13 @@ public:
     /// Runs the script, and `next` after it from the event loop. Takes the place of a step that
     /// still waits.
     void Run(const QString &script, Step next);
-    /// Takes the step that waits, if any, now.
-    void GoOn();
+    /// Takes the step that waits, if any, now and without an answer.
+    void GoOn() { GoOnWith({}); }
     bool IsWaiting() const { return static_cast<bool>(waitingStep); }
 
 private:
+    void GoOnWith(const QVariant &answer);
+
     WebBrowser &browser;
     Step waitingStep;
     /// Tells the page's answer to a step from the answer to an earlier one.

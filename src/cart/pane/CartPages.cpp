@@ -164,7 +164,7 @@ void CartPages::Write(const QString &address, bool isReload)
         WriteOrderForm();
     failed.dismiss();
     const CartPageAction action = isReload ? CartPageAction::None : ActionOf(address);
-    afterWriting->Run(Nothing, [this, action] { Q_EMIT Written(action); });
+    afterWriting->Run(Nothing, [this, action](const QVariant &) { Q_EMIT Written(action); });
 }
 
 void CartPages::WriteCart()

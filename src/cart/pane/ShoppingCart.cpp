@@ -18,9 +18,18 @@ namespace Tesk {
 
 namespace {
 
-/// Makes the page report what is typed in the field that has the focus.
-const QString LeaveField =
-    QStringLiteral("document.activeElement && document.activeElement.blur()");
+/// Makes the page report what is typed in the field that has the focus. True when the page had to
+/// correct it and says so.
+const QString LeaveField = QStringLiteral("(field => {"
+                                          " field?.blur();"
+                                          " return field?.classList.contains('inError') === true;"
+                                          "})(document.activeElement)");
+
+/// The cart that these show or send on is the one that the user has just typed into.
+bool KeepsTheCart(CartCommand command)
+{
+    return command != CartCommand::Load && command != CartCommand::Delete;
+}
 
 } // namespace
 
@@ -94,7 +103,13 @@ void ShoppingCart::Start(CartCommand command)
     if (isCommandRunning)
         return;
     isCommandRunning = true;
-    afterEdit->Run(LeaveField, [this, command] { Perform(command); });
+    afterEdit->Run(LeaveField, [this, command](const QVariant &isCorrected) {
+        // The page's own message would go with the page, and the corrected amount unseen on its way.
+        if (isCorrected.toBool() && KeepsTheCart(command))
+            isCommandRunning = false;
+        else
+            Perform(command);
+    });
 }
 
 void ShoppingCart::Perform(CartCommand command)

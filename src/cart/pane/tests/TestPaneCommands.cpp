@@ -71,6 +71,8 @@ private Q_SLOTS:
     void testDeleteAsksFirst();
     void testEditGoesBeforeTheCommand_data();
     void testEditGoesBeforeTheCommand();
+    void testCorrectedAmountIsSeenBeforeTheCommand_data();
+    void testCorrectedAmountIsSeenBeforeTheCommand();
     void testDoubleClickIsOneCommand_data();
     void testDoubleClickIsOneCommand();
     void testCommandOfThePageIsCarriedOut();
@@ -265,6 +267,37 @@ void TestPaneCommands::testEditGoesBeforeTheCommand()
         QVERIFY(pane->WaitForReports());
         QVERIFY(pane->ShowCart());
     }
+}
+
+void TestPaneCommands::testCorrectedAmountIsSeenBeforeTheCommand_data()
+{
+    QTest::addColumn<QString>("button");
+    for (const char *const button :
+         {"btnSave", "btnManual", "btnPrint", "btnSendRequest", "btnSendOrder"})
+        QTest::newRow(button) << QString::fromLatin1(button);
+}
+
+void TestPaneCommands::testCorrectedAmountIsSeenBeforeTheCommand()
+{
+    QFETCH(const QString, button);
+    int dialogs = 0;
+    DialogDriver driver({[&](QDialog &dialog) {
+        ++dialogs;
+        dialog.reject();
+    }});
+    const auto commands = [&] { return dialogs + pane->printCount; };
+    QVERIFY(pane->Type(QStringLiteral("#fld_0"), QStringLiteral("0")));
+    Click(qPrintable(button));
+    QVERIFY(WaitUntil([this] {
+        return pane->Evaluate(QStringLiteral("document.querySelector('.errorText') !== null"))
+            .toBool();
+    }));
+    QVERIFY(pane->WaitForReports());
+    QCOMPARE(int{pane->Cart().Entries().At(0)->Amount}, 1);
+    QCOMPARE(commands(), 0);
+
+    Click(qPrintable(button));
+    QVERIFY(WaitUntil([&] { return commands() == 1; }));
 }
 
 void TestPaneCommands::testDoubleClickIsOneCommand_data()
