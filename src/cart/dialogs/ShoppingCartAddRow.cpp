@@ -76,7 +76,9 @@ CartRowEntry ShoppingCartAddRow::Entry() const
 {
     const QString amount = TextOf(tbAmount);
     return {TextOf(tbArtNrTesk), TextOf(tbArtNrCompetition).trimmed(),
-            IsAmount(amount) ? ToInt16(*AmountOf(amount)) : qint16{0}, TextOf(tbCatNr)};
+            IsAmount(amount) ? ToInt16(*AmountOf(amount)) : qint16{0},
+            // A straight quotation mark would end the value of the field on the cart's page.
+            TextOf(tbCatNr).replace(u'"', u'\u201d')};
 }
 
 std::array<QLineEdit *, 4> ShoppingCartAddRow::Fields() const

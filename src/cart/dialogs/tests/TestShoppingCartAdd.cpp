@@ -52,6 +52,7 @@ private Q_SLOTS:
     void testRowOfAnUnknownReferenceIsNotFilled();
     void testPassingThroughAReferenceKeepsAChangedNumber();
     void testPastedLineEndIsABlank();
+    void testQuotationMarksOfACategoryAreRoundedOff();
 
     void testAmountInOrder_data();
     void testAmountInOrder();
@@ -259,6 +260,12 @@ void TestShoppingCartAdd::testPassingThroughAReferenceKeepsAChangedNumber()
     d->TypeAndLeave(d->ArtNr(), "");
     QTest::keyClick(d->Reference(), Qt::Key_Tab);
     QCOMPARE(d->ArtNr()->text(), QStringLiteral("AB 10/115"));
+}
+
+void TestShoppingCartAdd::testQuotationMarksOfACategoryAreRoundedOff()
+{
+    d->Type(d->Category(), "\"new\" OR");
+    QCOMPARE(d->Dialog().Rows()[0].catNr, QStringLiteral("”new” OR"));
 }
 
 void TestShoppingCartAdd::testPastedLineEndIsABlank()
