@@ -54,8 +54,8 @@ QLatin1String AddressFor(CartPageAction action)
 CartPageAction ActionOf(const QString &address)
 {
     if (!address.contains(CartName)) {
-        const bool isPrint = address.contains(OrderFormName) &&
-                             address.contains(QLatin1String("action=doPrint"));
+        const bool isPrint =
+            address.contains(OrderFormName) && address.contains(QLatin1String("action=doPrint"));
         return isPrint ? CartPageAction::Print : CartPageAction::None;
     }
     if (address.contains(QLatin1String("action=doSave")))
@@ -169,23 +169,21 @@ void CartPages::Write(const QString &address, bool isReload)
 
 void CartPages::WriteCart()
 {
-    browser.Apply(
-        {HtmlChange(QStringLiteral("printHeader"),
-                    sources.builder.BuildPrintHeader(nullptr, QStringLiteral("wc"))),
-         HtmlChange(QStringLiteral("printFooter"), sources.builder.BuildPrintFooter()),
-         HtmlChange(QStringLiteral("list"), html.CartList(Cart()))});
+    browser.Apply({HtmlChange(QStringLiteral("printHeader"),
+                              sources.builder.BuildPrintHeader(nullptr, QStringLiteral("wc"))),
+                   HtmlChange(QStringLiteral("printFooter"), sources.builder.BuildPrintFooter()),
+                   HtmlChange(QStringLiteral("list"), html.CartList(Cart()))});
 }
 
 void CartPages::WriteOrderForm()
 {
     const LastContact &contact = sources.lastContact;
-    browser.Apply(
-        {HtmlChange(QStringLiteral("caption"), WithBreaks(contact.subject)),
-         HtmlChange(QStringLiteral("summary"), WithBreaks(contact.body)),
-         HtmlChange(QStringLiteral("printHeader"),
-                    sources.builder.BuildPrintHeader(nullptr, QStringLiteral("wc"))),
-         HtmlChange(QStringLiteral("printFooter"), sources.builder.BuildPrintFooter()),
-         HtmlChange(QStringLiteral("list"), html.OrderList(Cart()))});
+    browser.Apply({HtmlChange(QStringLiteral("caption"), WithBreaks(contact.subject)),
+                   HtmlChange(QStringLiteral("summary"), WithBreaks(contact.body)),
+                   HtmlChange(QStringLiteral("printHeader"),
+                              sources.builder.BuildPrintHeader(nullptr, QStringLiteral("wc"))),
+                   HtmlChange(QStringLiteral("printFooter"), sources.builder.BuildPrintFooter()),
+                   HtmlChange(QStringLiteral("list"), html.OrderList(Cart()))});
 }
 
 void CartPages::LeaveToProduct(const QString &address)

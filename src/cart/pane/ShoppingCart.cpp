@@ -104,7 +104,8 @@ void ShoppingCart::Start(CartCommand command)
         return;
     isCommandRunning = true;
     afterEdit->Run(LeaveField, [this, command](const QVariant &isCorrected) {
-        // The page's own message would go with the page, and the corrected amount unseen on its way.
+        // The page's own message would go with the page, and the corrected amount unseen on its
+        // way.
         if (isCorrected.toBool() && KeepsTheCart(command))
             isCommandRunning = false;
         else
