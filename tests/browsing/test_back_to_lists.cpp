@@ -1,4 +1,5 @@
 #include "browser/Engine.h"
+#include "browser/WebBrowser.h"
 #include "search/SearchDetail.h"
 #include "support/CatalogueWindow.h"
 #include "support/WaitUntil.h"
@@ -163,6 +164,19 @@ private Q_SLOTS:
         PressBack();
         QVERIFY(WaitForSearchResults());
         QVERIFY(WaitUntil([&] { return ShownNumbers() == hits; }));
+    }
+
+    void testFromAPageThatCannotBeShown()
+    {
+        QVERIFY(OpenList(DissectingScissors));
+        const QStringList numbers = ShownNumbers();
+        window->wbMain->Navigate(catalogue->GetController().GetContentBaseUrl() +
+                                 QStringLiteral("/content/missing.html"));
+        QVERIFY(WaitUntil([this] { return window->wbMain->Address().isEmpty(); }));
+
+        PressBack();
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("&id=") + DissectingScissors));
+        QCOMPARE(ShownNumbers(), numbers);
     }
 
     void testACrumbShowsItsPageFromEveryTab()

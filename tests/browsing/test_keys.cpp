@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -194,6 +195,17 @@ private Q_SLOTS:
         QCOMPARE(window->lblZoom->text(), QStringLiteral("100 %"));
         TurnWheel(InnerWidget(*window), 120, Qt::NoModifier);
         QCOMPARE(window->lblZoom->text(), QStringLiteral("100 %"));
+    }
+
+    void testCtrlQAsksAndNoKeepsTheWindow()
+    {
+        QVERIFY(CatalogueWindow::AnswerDialogs(
+            [this] { Press(*window, Qt::Key_Q, Qt::ControlModifier); }, {[](QWidget *dialog) {
+                auto *const box = qobject_cast<QMessageBox *>(dialog);
+                QVERIFY(box != nullptr);
+                box->button(QMessageBox::No)->click();
+            }}));
+        QVERIFY(window->isVisible());
     }
 
     void testPrintThePage()

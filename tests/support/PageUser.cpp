@@ -13,6 +13,16 @@
 
 namespace Tesk {
 
+namespace {
+
+/// A script's list of this one text.
+QString Quoted(const QString &text)
+{
+    return QString::fromUtf8(QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact));
+}
+
+} // namespace
+
 PageUser::PageUser(WebBrowser &browser)
     : browser(browser)
 {}
@@ -59,7 +69,7 @@ void PageUser::WaitForPaint()
 
 std::optional<QPoint> PageUser::PlaceOf(const QString &selector)
 {
-    const QString quoted = QString::fromUtf8(QJsonDocument(QJsonArray{selector}).toJson());
+    const QString quoted = Quoted(selector);
     const QVariantList place =
         Evaluate(QStringLiteral("(() => { const e = document.querySelector(%1[0]);"
                                 " if (!e) return [];"
@@ -109,7 +119,12 @@ bool PageUser::TypeInto(const QString &selector, const QString &text)
     for (const char32_t character : text.toUcs4())
         QTest::sendKeyEvent(QTest::Click, Target(), Qt::Key_unknown,
                             QString::fromUcs4(&character, 1), Qt::NoModifier);
-    return true;
+    // Nobody acts on before the page has taken the last key.
+    return WaitUntil([&] {
+        return Evaluate(
+                   QStringLiteral("document.querySelector(%1[0])?.value").arg(Quoted(selector)))
+                   .toString() == text;
+    });
 }
 
 void PageUser::PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers)

@@ -67,9 +67,10 @@ CartPageAction ActionOf(const QString &address)
     return CartPageAction::None;
 }
 
-QString WithBreaks(QString text)
+/// What a person typed, as it was typed.
+QString WithBreaks(const QString &text)
 {
-    return text.replace(QLatin1String("\r\n"), QLatin1String("<br>"));
+    return text.toHtmlEscaped().replace(QLatin1String("\r\n"), QLatin1String("<br>"));
 }
 
 } // namespace

@@ -29,7 +29,6 @@ MainMenu::MainMenu(QMenuBar *bar)
     mPrint->setShortcut(QKeySequence::Print);
     mFile->addSeparator();
     mExit = mFile->addAction(QStringLiteral("Beenden"));
-    mExit->setShortcut(QKeySequence::Quit);
 
     mLanguage = bar->addMenu(QStringLiteral("&Sprache"));
     const std::array<QString, LanguageCount> languageCaptions{

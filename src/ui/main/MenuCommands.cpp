@@ -9,7 +9,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QMessageBox>
-#include <QScopeGuard>
 
 namespace Tesk {
 
@@ -49,9 +48,14 @@ void MenuCommands::AskAndLoadPriceList()
     const QString path = FileDialog::ShowOpenDialog(PriceListFilter, PathAndFileMustExist, window);
     if (path.isEmpty())
         return;
-    // A list that fails half-way has replaced the old one too.
-    const QScopeGuard report([this] { Q_EMIT PriceListLoaded(); });
-    controller.Prices().LoadPriceList(path);
+    try {
+        controller.Prices().LoadPriceList(path);
+    } catch (...) {
+        // A list that fails half-way has replaced the old one too.
+        Q_EMIT PriceListLoaded();
+        throw;
+    }
+    Q_EMIT PriceListLoaded();
 }
 
 void MenuCommands::ShowSettings()
@@ -75,6 +79,7 @@ void MenuCommands::ShowInfo()
 
 void MenuCommands::AskAndExit()
 {
+    // The answer decides about the orderly close only: No ends the program as well.
     if (IsExitConfirmed())
         controller.CloseDatabase();
     // Ends the event loop itself: closing the window would ask the same question again.

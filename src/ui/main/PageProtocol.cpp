@@ -70,6 +70,8 @@ void PageProtocol::DocumentComplete(const QString &address)
         firstItem = PageAddress::FirstItem(address);
         ArmLoader(ListElement, address);
     } else if (address.contains(DetailsPage)) {
+        // Steps can be quicker than the fill.
+        KeepPlace();
         ArmLoader(DetailsElement, address);
     } else if (address.contains(WelcomePage)) {
         FillWelcomePage();
@@ -104,6 +106,9 @@ void PageProtocol::PrepareReturn(const QString &entry)
     const VisitedPlace *const place = places.At(parts.history.Position());
     if (place == nullptr)
         return;
+    // A page that is being left must not be filled any more: it could change what is put right
+    // here.
+    LoaderTimer.stop();
     productRows = place->rows;
     standaloneDetails = place->isStandalone;
     if (entry.contains(ListPage) && place->node == nullptr)
@@ -115,6 +120,9 @@ void PageProtocol::PrepareReturn(const QString &entry)
 void PageProtocol::LoadFailed()
 {
     parts.pointer.SetDefault();
+    // Back leads to the page before the one that failed, which is the newest entry.
+    if (!parts.history.Newest().isEmpty())
+        parts.scroller.SetBackEnabled(true);
 }
 
 void PageProtocol::ArmLoader(const QString &elementId, const QString &address)

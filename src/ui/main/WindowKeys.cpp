@@ -24,6 +24,9 @@ WindowKeys::WindowKeys(QWidget *window)
         connect(shortcut, &QShortcut::activated, this,
                 [this, position] { Q_EMIT ShowTab(position); });
     }
+    // Closing asks and can be called off, which the menu's entry cannot.
+    connect(new QShortcut(ShortcutKeys::Close, window), &QShortcut::activated, window,
+            &QWidget::close);
     // The browser's inner widget takes the mouse first, and would step back in a history of its
     // own.
     qApp->installEventFilter(this);

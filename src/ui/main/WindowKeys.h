@@ -6,8 +6,8 @@ class QWidget;
 
 namespace Tesk {
 
-/// What no menu entry carries: the keys of the tabs and the mouse's back button, wherever in the
-/// window they are pressed, a page included.
+/// What no menu entry carries: the keys of the tabs, the key that closes the window, and the
+/// mouse's back button, wherever in the window they are pressed, a page included.
 class WindowKeys final : public QObject
 {
     Q_OBJECT

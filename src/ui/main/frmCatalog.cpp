@@ -349,6 +349,13 @@ void frmCatalog::ShowSearchResults(const ResultTable &rows)
 
 void frmCatalog::GoBack()
 {
+    // A page that could not be shown is no entry: the newest one is the page before it.
+    if (tabMain->currentIndex() == ProductsTab && wbMain->Address().isEmpty() &&
+        !history.Newest().isEmpty() && history.Newest() != SearchDetailEntry) {
+        protocol->PrepareReturn(history.Newest());
+        wbMain->Navigate(history.Newest());
+        return;
+    }
     if (!history.HasMoreEntries())
         return;
     // Results with the address that going back reached last are not recorded behind their form: the

@@ -298,6 +298,9 @@ void TestPaneCommands::testCorrectedAmountIsSeenBeforeTheCommand()
 
     Click(qPrintable(button));
     QVERIFY(WaitUntil([&] { return commands() == 1; }));
+    QVERIFY(pane->WaitForPrints(pane->printCount));
+    QVERIFY(pane->WaitForReports());
+    QVERIFY(pane->ShowCart());
 }
 
 void TestPaneCommands::testDoubleClickIsOneCommand_data()

@@ -21,7 +21,7 @@ public:
     explicit ItemScroller(std::function<QString(const QString &key)> textLookup,
                           QWidget *parent = nullptr);
 
-    /// The pictures, and the captions in the current language.
+    /// The captions in the current language.
     void Initialize();
     /// Goes to item 1 of `value`; the buttons stay as they are.
     void SetCount(qint16 value);

@@ -10,6 +10,7 @@ inline const QKeySequence FastSearch{Qt::CTRL | Qt::Key_F};
 inline const QKeySequence SecondFastSearch{Qt::Key_F3};
 inline const QKeySequence Home{Qt::ALT | Qt::Key_Home};
 inline const QKeySequence Back{Qt::ALT | Qt::Key_Left};
+inline const QKeySequence Close{Qt::CTRL | Qt::Key_Q};
 inline const QKeySequence PreviousProduct{Qt::ALT | Qt::Key_PageUp};
 inline const QKeySequence NextProduct{Qt::ALT | Qt::Key_PageDown};
 
