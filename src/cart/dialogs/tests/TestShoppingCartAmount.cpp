@@ -204,7 +204,8 @@ void TestShoppingCartAmount::testAcceptsAmountsBelowThousand_data()
     QTest::newRow("half, to the even 0") << QStringLiteral("0.5") << 0;
     QTest::newRow("comma") << QStringLiteral("1,5") << 2;
     QTest::newRow("two and a half, to the even 2") << QStringLiteral("2,5") << 2;
-    QTest::newRow("a point parts decimals only") << QStringLiteral("1.000") << 1;
+    QTest::newRow("no thousand begins with 0") << QStringLiteral("0.750") << 1;
+    QTest::newRow("four decimals") << QStringLiteral("2.0000") << 2;
     QTest::newRow("blanks around") << QStringLiteral(" 7 ") << 7;
 }
 
@@ -227,6 +228,9 @@ void TestShoppingCartAmount::testRefusesWhatIsNoAmount_data()
     QTest::newRow("zero") << QStringLiteral("0");
     QTest::newRow("negative") << QStringLiteral("-1");
     QTest::newRow("thousand") << QStringLiteral("1000");
+    QTest::newRow("thousand with a point") << QStringLiteral("1.000");
+    QTest::newRow("thousand with a comma") << QStringLiteral("1,000");
+    QTest::newRow("largest that may be thousands") << QStringLiteral(" 999.999 ");
     QTest::newRow("word") << QStringLiteral("two");
     QTest::newRow("number and word") << QStringLiteral("2x");
     QTest::newRow("group separator") << QStringLiteral("1,000.5");
