@@ -72,6 +72,18 @@ void SetBackground(QLineEdit *field, const QColor &colour)
     field->setPalette(colours);
 }
 
+bool IsFilled(const QLineEdit *field)
+{
+    return !IsEmpty(OneLine(field->text()));
+}
+
+/// A field that was found empty is in order again as soon as it is filled.
+void ClearMendedField(QLineEdit *field)
+{
+    if (field->palette().color(QPalette::Base) == FaultyField && IsFilled(field))
+        SetBackground(field, ValidField);
+}
+
 QLabel *AddHint(QBoxLayout *rows, QWidget *parent, const QString &name)
 {
     auto *const hint = new QLabel(parent);
@@ -179,6 +191,7 @@ void ContactForm::BuildLine(QGridLayout *grid, const ContactField &field)
     lines.push_back({field, label, control});
     if (!field.isMandatory)
         return;
+    connect(control, &QLineEdit::textEdited, this, [control] { ClearMendedField(control); });
     auto *const marker = new QLabel(QStringLiteral("*"), this);
     marker->setObjectName(QStringLiteral("MandatoryFieldMarker"));
     grid->addWidget(marker, grid->rowCount() - 1, MarkerColumn);
@@ -285,7 +298,7 @@ QWidget *ContactForm::Validate()
     for (const Line &line : lines) {
         if (!line.field.isMandatory)
             continue;
-        const bool isFaulty = IsEmpty(OneLine(line.control->text()));
+        const bool isFaulty = !IsFilled(line.control);
         SetBackground(line.control, isFaulty ? FaultyField : ValidField);
         if (isFaulty && !firstFaulty)
             firstFaulty = line.control;

@@ -39,7 +39,8 @@ public:
     void Load();
     /// Keeps the customer's data.
     void Store() const;
-    /// Colours the mandatory fields. Gives the first one that holds nothing but blanks, or null.
+    /// Colours the mandatory fields, light red those that hold nothing but blanks until the user
+    /// fills them. Gives the first of these, or null.
     QWidget *Validate();
     void FocusFirstField();
 

@@ -38,6 +38,25 @@ public:
         Show();
     }
 
+    void Open(ContactKind kind)
+    {
+        switch (kind) {
+        case ContactKind::Contact:
+            return Open<dlgContact>();
+        case ContactKind::Request:
+            return Open<dlgContactRequest>();
+        case ContactKind::Order:
+            return Open<dlgContactOrder>();
+        }
+    }
+
+    /// An order that can be sent as it is.
+    void OpenFilledOrder()
+    {
+        Open<dlgContactOrder>();
+        TypeMandatoryFields();
+    }
+
     void Show() const
     {
         dialog->open();

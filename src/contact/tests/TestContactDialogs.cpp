@@ -1,5 +1,6 @@
 #include "ContactFixture.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QRadioButton>
 
@@ -70,21 +71,40 @@ private Q_SLOTS:
         QCOMPARE(fixture->Line("Street")->palette().color(QPalette::Text), QColor(Qt::black));
     }
 
-    void testMendedFieldTurnsWhiteAtTheNextCheck()
+    void testMendedFieldTurnsWhiteAtOnce()
     {
         fixture->Open<dlgContactOrder>();
         fixture->Click("SendButton");
-        fixture->Type("Street", QStringLiteral("Ring 1"));
+        fixture->Type("Street", QStringLiteral("  "));
         QCOMPARE(Background(fixture->Line("Street")), LightRed);
-        fixture->Click("SendButton");
+        QTest::keyClick(fixture->Line("Street"), Qt::Key_R);
         QCOMPARE(Background(fixture->Line("Street")), White);
         QCOMPARE(Background(fixture->Line("Phone")), LightRed);
+        QApplication::clipboard()->setText(QStringLiteral("0123"));
+        fixture->Line("Phone")->paste();
+        QCOMPARE(Background(fixture->Line("Phone")), White);
+
+        // Only the next check says again what is missing.
+        fixture->Type("Street", QString());
+        QCOMPARE(Background(fixture->Line("Street")), White);
+        fixture->Click("SendButton");
+        QCOMPARE(Background(fixture->Line("Street")), LightRed);
+        QCOMPARE(Background(fixture->Line("Phone")), White);
+    }
+
+    void testFieldThatWasNotCheckedKeepsTheDesktopsColour()
+    {
+        QPalette dark;
+        dark.setColor(QPalette::Base, Qt::black);
+        fixture->Open<dlgContactOrder>();
+        fixture->dialog->setPalette(dark);
+        fixture->Type("Street", QStringLiteral("Ring 1"));
+        QCOMPARE(Background(fixture->Line("Street")), QColor(Qt::black));
     }
 
     void testFirstFaultyFieldGetsTheFocus()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         fixture->Type("Country", QString());
         fixture->Type("PersonName", QStringLiteral(" "));
         fixture->Click("SendButton");
@@ -146,8 +166,7 @@ private Q_SLOTS:
 
     void testOrderNumberAndNotesAreNotKept()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         fixture->Type("PON", QStringLiteral("PO 1"));
         QTest::keyClicks(fixture->Find<QPlainTextEdit>("ContactNotes"), QStringLiteral("notes"));
         fixture->Click("PrintButton");
@@ -220,8 +239,7 @@ private Q_SLOTS:
     {
         QFETCH(const int, way);
         fixture->Keep("Street", QStringLiteral("Ring 1"));
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         fixture->Type("Street", QStringLiteral("Allee 2"));
         if (way == 0)
             fixture->Click("CancelButton");
@@ -250,8 +268,7 @@ private Q_SLOTS:
 
     void testEnterInALineSends()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         QTest::keyClick(fixture->Line("PersonName"), Qt::Key_Return);
         QVERIFY(!fixture->dialog->isVisible());
         QCOMPARE(fixture->dialog->Action(), 0);
@@ -260,8 +277,7 @@ private Q_SLOTS:
 
     void testEnterOnAButtonPressesThatButton()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         fixture->Find<QPushButton>("PrintButton")->setFocus();
         QTest::keyClick(fixture->Find<QPushButton>("PrintButton"), Qt::Key_Return);
         QCOMPARE(fixture->dialog->Action(), 1);

@@ -26,9 +26,6 @@ QHash<QString, QString> TextsOf(const QString &code)
     return texts;
 }
 
-const QStringList AllDialogs{QStringLiteral("contact"), QStringLiteral("request"),
-                             QStringLiteral("order")};
-
 } // namespace
 
 /// What the dialogs show, in which order, and that nothing of it is cut.
@@ -38,16 +35,6 @@ class TestContactLayout : public QObject
 
 private:
     std::unique_ptr<ContactFixture> fixture;
-
-    void Open(const QString &name) const
-    {
-        if (name == AllDialogs[0])
-            fixture->Open<dlgContact>();
-        else if (name == AllDialogs[1])
-            fixture->Open<dlgContactRequest>();
-        else
-            fixture->Open<dlgContactOrder>();
-    }
 
     QString LabelText(const char *name) const
     {
@@ -65,25 +52,25 @@ private Q_SLOTS:
 
     void testEachDialogShowsItsFields_data()
     {
-        QTest::addColumn<QString>("dialog");
+        QTest::addColumn<ContactKind>("dialog");
         QTest::addColumn<QString>("caption");
         QTest::addColumn<QStringList>("fields");
         QTest::addColumn<int>("boxes");
         QTest::addColumn<bool>("hint");
         QTest::newRow("contact")
-            << AllDialogs[0] << QStringLiteral("ucContactCaption_Contact")
+            << ContactKind::Contact << QStringLiteral("ucContactCaption_Contact")
             << QStringLiteral("InstName CustomerId Street PostalCodeCity Country Phone Fax Mobile "
                               "Email Url PersonName")
                    .split(u' ')
             << 16 << false;
         QTest::newRow("request")
-            << AllDialogs[1] << QStringLiteral("ucContactCaption_Request")
+            << ContactKind::Request << QStringLiteral("ucContactCaption_Request")
             << QStringLiteral("InstName Street PostalCodeCity Country Phone Fax Mobile Email Url "
                               "PersonName")
                    .split(u' ')
             << 0 << true;
         QTest::newRow("order")
-            << AllDialogs[2] << QStringLiteral("ucContactCaption_Order")
+            << ContactKind::Order << QStringLiteral("ucContactCaption_Order")
             << QStringLiteral("InstName CustomerId Street PostalCodeCity Country Phone Fax Mobile "
                               "Email PersonName PON")
                    .split(u' ')
@@ -92,12 +79,12 @@ private Q_SLOTS:
 
     void testEachDialogShowsItsFields()
     {
-        QFETCH(const QString, dialog);
+        QFETCH(const ContactKind, dialog);
         QFETCH(const QString, caption);
         QFETCH(const QStringList, fields);
         QFETCH(const int, boxes);
         QFETCH(const bool, hint);
-        Open(dialog);
+        fixture->Open(dialog);
         QCOMPARE(fixture->dialog->windowTitle(), caption);
         QStringList found;
         for (const auto *const field : fixture->dialog->findChildren<QLineEdit *>()) {
@@ -199,18 +186,18 @@ private Q_SLOTS:
 
     void testTabLeadsThroughTheFieldsToTheButtons_data()
     {
-        QTest::addColumn<QString>("dialog");
+        QTest::addColumn<ContactKind>("dialog");
         QTest::addColumn<QStringList>("order");
         const QStringList end =
             QStringLiteral("ContactNotes CancelButton PrintButton SendButton").split(u' ');
         QTest::newRow("order")
-            << AllDialogs[2]
+            << ContactKind::Order
             << QStringLiteral("InstType InstName CustomerId Street PostalCodeCity Country Phone "
                               "Fax Mobile Email Title0 PersonName PON")
                        .split(u' ') +
                    end;
         QTest::newRow("request")
-            << AllDialogs[1]
+            << ContactKind::Request
             << QStringLiteral("InstType InstName Street PostalCodeCity Country Phone Fax Mobile "
                               "Email Url Title0 PersonName")
                        .split(u' ') +
@@ -221,7 +208,7 @@ private Q_SLOTS:
         for (int i = 0; i < 3; ++i)
             boxes += QStringLiteral("ContactOver%1").arg(i);
         QTest::newRow("contact")
-            << AllDialogs[0]
+            << ContactKind::Contact
             << QStringLiteral("InstType InstName CustomerId Street PostalCodeCity Country Phone "
                               "Fax Mobile Email Url Title0 PersonName")
                        .split(u' ') +
@@ -230,9 +217,9 @@ private Q_SLOTS:
 
     void testTabLeadsThroughTheFieldsToTheButtons()
     {
-        QFETCH(const QString, dialog);
+        QFETCH(const ContactKind, dialog);
         QFETCH(const QStringList, order);
-        Open(dialog);
+        fixture->Open(dialog);
         QStringList visited;
         for (qsizetype i = 0; i < order.size(); ++i) {
             visited += QApplication::focusWidget()->objectName();
@@ -257,8 +244,7 @@ private Q_SLOTS:
         fixture->getText = [](const QString &key) {
             return key == QLatin1String("btn_print") ? QStringLiteral("&Print") : key;
         };
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         QTest::keyClick(fixture->Line("Street"), Qt::Key_P, Qt::AltModifier);
         QTRY_VERIFY(!fixture->dialog->isVisible());
         QCOMPARE(fixture->dialog->Action(), 1);
@@ -283,14 +269,16 @@ private Q_SLOTS:
 
     void testNothingIsCut_data()
     {
-        QTest::addColumn<QString>("dialog");
+        QTest::addColumn<ContactKind>("dialog");
         QTest::addColumn<QString>("code");
         QTest::addColumn<bool>("isSmall");
-        for (const QString &dialog : AllDialogs) {
+        const QList<std::pair<ContactKind, const char *>> dialogs{{ContactKind::Contact, "contact"},
+                                                                  {ContactKind::Request, "request"},
+                                                                  {ContactKind::Order, "order"}};
+        for (const auto &[dialog, name] : dialogs) {
             for (const char *const code : {"ge", "en", "fr", "sp", "it"}) {
                 for (const bool isSmall : {false, true})
-                    QTest::addRow("%s, %s, %s", qPrintable(dialog), code,
-                                  isSmall ? "800 x 560" : "as it opens")
+                    QTest::addRow("%s, %s, %s", name, code, isSmall ? "800 x 560" : "as it opens")
                         << dialog << QString::fromLatin1(code) << isSmall;
             }
         }
@@ -298,13 +286,13 @@ private Q_SLOTS:
 
     void testNothingIsCut()
     {
-        QFETCH(const QString, dialog);
+        QFETCH(const ContactKind, dialog);
         QFETCH(const QString, code);
         QFETCH(const bool, isSmall);
         const QHash<QString, QString> texts = TextsOf(code);
         QVERIFY(texts.contains(QStringLiteral("ucContactStreet")));
         fixture->getText = [&texts](const QString &key) { return texts.value(key); };
-        Open(dialog);
+        fixture->Open(dialog);
         if (isSmall)
             fixture->dialog->resize(800, 560);
         QCoreApplication::processEvents();

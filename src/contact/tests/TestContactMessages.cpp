@@ -16,6 +16,29 @@ QString Lines(const QStringList &lines)
 
 const QString TypeLine = QStringLiteral("Art der Institution: ucContactInstType_0");
 
+const QString CheckedInfo = QStringLiteral(
+    "Ich benötige: ucContactCaption_RequestedInfo_0,ucContactCaption_RequestedInfo_3,"
+    "ucContactCaption_RequestedInfo_12");
+const QString CheckedWay = QStringLiteral("Ich bitte um: ucContactCaption_ContactOver_2");
+
+/// In the order of a message; each dialog has most of them.
+const QStringList LinesOfAllFields{QStringLiteral("Art der Institution: ucContactInstType_1"),
+                                   QStringLiteral("Name der Institution: instname"),
+                                   QStringLiteral("Kundennummer: customerid"),
+                                   QStringLiteral("Strasse: street"),
+                                   QStringLiteral("PLZ / Stadt: postalcodecity"),
+                                   QStringLiteral("Land: country"),
+                                   QStringLiteral("Telefon: phone"),
+                                   QStringLiteral("Fax: fax"),
+                                   QStringLiteral("Mobil: mobile"),
+                                   QStringLiteral("Email: email"),
+                                   QStringLiteral("Web: url"),
+                                   QStringLiteral("ucContactTitle_1 personname"),
+                                   CheckedInfo,
+                                   CheckedWay,
+                                   QStringLiteral("Nummer der Bestellung: pon"),
+                                   QStringLiteral("Bemerkungen: notes")};
+
 } // namespace
 
 /// What is composed, sent and left for the order form.
@@ -45,8 +68,7 @@ private Q_SLOTS:
 
     void testOrderWithoutOptionalFieldsHasTheSevenLines()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         QCOMPARE(PrintedBody(),
                  Lines({TypeLine, QStringLiteral("Name der Institution: Klinik"),
                         QStringLiteral("Strasse: Ring 1"), QStringLiteral("PLZ / Stadt: 12345 Ort"),
@@ -55,63 +77,40 @@ private Q_SLOTS:
         QCOMPARE(fixture->last.subject, QStringLiteral("Bestellung"));
     }
 
-    void testFullOrder()
+    void testFullMessage_data()
     {
-        fixture->Open<dlgContactOrder>();
-        TypeAll();
-        QCOMPARE(
-            PrintedBody(),
-            Lines({QStringLiteral("Art der Institution: ucContactInstType_1"),
-                   QStringLiteral("Name der Institution: instname"),
-                   QStringLiteral("Kundennummer: customerid"), QStringLiteral("Strasse: street"),
-                   QStringLiteral("PLZ / Stadt: postalcodecity"), QStringLiteral("Land: country"),
-                   QStringLiteral("Telefon: phone"), QStringLiteral("Fax: fax"),
-                   QStringLiteral("Mobil: mobile"), QStringLiteral("Email: email"),
-                   QStringLiteral("ucContactTitle_0 personname"),
-                   QStringLiteral("Nummer der Bestellung: pon"),
-                   QStringLiteral("Bemerkungen: notes")}));
+        QTest::addColumn<ContactKind>("kind");
+        QTest::addColumn<QString>("subject");
+        QTest::addColumn<QStringList>("absent");
+        const QString customerId = QStringLiteral("Kundennummer: customerid");
+        const QString url = QStringLiteral("Web: url");
+        const QString orderNumber = QStringLiteral("Nummer der Bestellung: pon");
+        QTest::newRow("contact") << ContactKind::Contact << QStringLiteral("Kontakt")
+                                 << QStringList{orderNumber};
+        QTest::newRow("request") << ContactKind::Request << QStringLiteral("Anfrage")
+                                 << QStringList{customerId, orderNumber, CheckedInfo, CheckedWay};
+        QTest::newRow("order") << ContactKind::Order << QStringLiteral("Bestellung")
+                               << QStringList{url, CheckedInfo, CheckedWay};
     }
 
-    void testFullRequest()
+    void testFullMessage()
     {
-        fixture->Open<dlgContactRequest>();
+        QFETCH(const ContactKind, kind);
+        QFETCH(const QString, subject);
+        QFETCH(const QStringList, absent);
+        fixture->Open(kind);
         TypeAll();
-        QCOMPARE(
-            PrintedBody(),
-            Lines({QStringLiteral("Art der Institution: ucContactInstType_1"),
-                   QStringLiteral("Name der Institution: instname"),
-                   QStringLiteral("Strasse: street"), QStringLiteral("PLZ / Stadt: postalcodecity"),
-                   QStringLiteral("Land: country"), QStringLiteral("Telefon: phone"),
-                   QStringLiteral("Fax: fax"), QStringLiteral("Mobil: mobile"),
-                   QStringLiteral("Email: email"), QStringLiteral("Web: url"),
-                   QStringLiteral("ucContactTitle_0 personname"),
-                   QStringLiteral("Bemerkungen: notes")}));
-        QCOMPARE(fixture->last.subject, QStringLiteral("Anfrage"));
-    }
-
-    void testFullContact()
-    {
-        fixture->Open<dlgContact>();
-        TypeAll();
-        for (const char *const box :
-             {"RequestInfoItems12", "RequestInfoItems0", "RequestInfoItems3", "ContactOver2"})
-            QTest::mouseClick(fixture->Find<QCheckBox>(box), Qt::LeftButton, {}, {4, 8});
+        if (kind == ContactKind::Contact) {
+            for (const char *const box :
+                 {"RequestInfoItems12", "RequestInfoItems0", "RequestInfoItems3", "ContactOver2"})
+                QTest::mouseClick(fixture->Find<QCheckBox>(box), Qt::LeftButton, {}, {4, 8});
+        }
         QTest::mouseClick(fixture->Find<QRadioButton>("Title1"), Qt::LeftButton, {}, {4, 8});
-        QCOMPARE(
-            PrintedBody(),
-            Lines({QStringLiteral("Art der Institution: ucContactInstType_1"),
-                   QStringLiteral("Name der Institution: instname"),
-                   QStringLiteral("Kundennummer: customerid"), QStringLiteral("Strasse: street"),
-                   QStringLiteral("PLZ / Stadt: postalcodecity"), QStringLiteral("Land: country"),
-                   QStringLiteral("Telefon: phone"), QStringLiteral("Fax: fax"),
-                   QStringLiteral("Mobil: mobile"), QStringLiteral("Email: email"),
-                   QStringLiteral("Web: url"), QStringLiteral("ucContactTitle_1 personname"),
-                   QStringLiteral("Ich benötige: ucContactCaption_RequestedInfo_0,"
-                                  "ucContactCaption_RequestedInfo_3,"
-                                  "ucContactCaption_RequestedInfo_12"),
-                   QStringLiteral("Ich bitte um: ucContactCaption_ContactOver_2"),
-                   QStringLiteral("Bemerkungen: notes")}));
-        QCOMPARE(fixture->last.subject, QStringLiteral("Kontakt"));
+        QStringList lines = LinesOfAllFields;
+        for (const QString &line : absent)
+            QCOMPARE(lines.removeAll(line), 1);
+        QCOMPARE(PrintedBody(), Lines(lines));
+        QCOMPARE(fixture->last.subject, subject);
     }
 
     void testContactWithoutCheckedBoxesHasTwoEmptyLines()
@@ -123,8 +122,7 @@ private Q_SLOTS:
 
     void testBlankOptionalFieldsHaveNoLine()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         for (const char *const name : {"CustomerId", "Fax", "Mobile", "Email", "PON"})
             fixture->Type(name, QStringLiteral("   "));
         QTest::keyClicks(fixture->Find<QPlainTextEdit>("ContactNotes"), QStringLiteral("  "));
@@ -133,8 +131,7 @@ private Q_SLOTS:
 
     void testTextsAreWrittenUntrimmed()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         fixture->Type("Fax", QStringLiteral(" 5 "));
         fixture->Type("Street", QStringLiteral("  Ring 2 "));
         const QString body = PrintedBody();
@@ -144,8 +141,7 @@ private Q_SLOTS:
 
     void testLinesOfTheNotesEndWithCrLf()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         auto *const notes = fixture->Find<QPlainTextEdit>("ContactNotes");
         QTest::keyClicks(notes, QStringLiteral("one"));
         QTest::keyClick(notes, Qt::Key_Return);
@@ -157,8 +153,7 @@ private Q_SLOTS:
 
     void testPastedCrLfInTheNotesIsOneLineEnd()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         QApplication::clipboard()->setText(QStringLiteral("one\r\ntwo"));
         fixture->Find<QPlainTextEdit>("ContactNotes")->paste();
         QVERIFY(PrintedBody().endsWith(QLatin1String("Bemerkungen: one\r\ntwo\r\n")));
@@ -166,8 +161,7 @@ private Q_SLOTS:
 
     void testPastedLineEndsInALineAreBlanks()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         fixture->Type("Street", QString());
         QApplication::clipboard()->setText(QStringLiteral("a;&%\r\nb\tc\nd"));
         fixture->Line("Street")->paste();
@@ -177,8 +171,7 @@ private Q_SLOTS:
 
     void testSendHandsTheMessageToTheMailProgram()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         fixture->Type("InstName", QStringLiteral("Praxis Müller & Söhne"));
         fixture->Click("SendButton");
         QCOMPARE(fixture->dialog->Action(), 0);
@@ -215,8 +208,7 @@ private Q_SLOTS:
     void testRefusedMailStillClosesAndKeepsTheMessage()
     {
         fixture->isMailable = false;
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("No program opened")));
         fixture->Click("SendButton");
         QVERIFY(!fixture->dialog->isVisible());
@@ -240,8 +232,7 @@ private Q_SLOTS:
 
     void testCharactersOutsideTheCodePageStayInTheOrderForm()
     {
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         fixture->Type("InstName", QStringLiteral("клиника"));
         fixture->Click("SendButton");
         QVERIFY(fixture->last.body.contains(QStringLiteral("Name der Institution: клиника\r\n")));
@@ -252,8 +243,7 @@ private Q_SLOTS:
     void testTenThousandCharactersArriveWhole()
     {
         const QString longText = QStringLiteral("0123456789").repeated(1000);
-        fixture->Open<dlgContactOrder>();
-        fixture->TypeMandatoryFields();
+        fixture->OpenFilledOrder();
         QApplication::clipboard()->setText(longText);
         fixture->Type("Street", QString());
         fixture->Line("Street")->paste();
