@@ -17,11 +17,11 @@ private Q_SLOTS:
 
     void testFamilyIsCaughtAsOne()
     {
-        QVERIFY_EXCEPTION_THROWN(throw ConversionError(QString()), CatalogueError);
-        QVERIFY_EXCEPTION_THROWN(throw OverflowError(QString()), CatalogueError);
-        QVERIFY_EXCEPTION_THROWN(throw SubscriptError(QString()), CatalogueError);
-        QVERIFY_EXCEPTION_THROWN(throw FileError(QString()), CatalogueError);
-        QVERIFY_EXCEPTION_THROWN(throw DuplicateKeyError(QString()), CatalogueError);
+        QVERIFY_THROWS_EXCEPTION(CatalogueError, throw ConversionError(QString()));
+        QVERIFY_THROWS_EXCEPTION(CatalogueError, throw OverflowError(QString()));
+        QVERIFY_THROWS_EXCEPTION(CatalogueError, throw SubscriptError(QString()));
+        QVERIFY_THROWS_EXCEPTION(CatalogueError, throw FileError(QString()));
+        QVERIFY_THROWS_EXCEPTION(CatalogueError, throw DuplicateKeyError(QString()));
     }
 };
 

@@ -79,17 +79,17 @@ private Q_SLOTS:
     void testInt16RefusesText()
     {
         QFETCH(QString, text);
-        QVERIFY_EXCEPTION_THROWN(ToInt16(text), ConversionError);
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToInt16(text));
     }
 
     void testInt16FromValueOutsideTheRange()
     {
         QCOMPARE(ToInt16(32767.0), qint16(32767));
-        QVERIFY_EXCEPTION_THROWN(ToInt16(32767.5), ConversionError);
-        QVERIFY_EXCEPTION_THROWN(ToInt16(-32768.6), ConversionError);
-        QVERIFY_EXCEPTION_THROWN(ToInt16(std::numeric_limits<double>::infinity()), ConversionError);
-        QVERIFY_EXCEPTION_THROWN(ToInt16(std::numeric_limits<double>::quiet_NaN()),
-                                 ConversionError);
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToInt16(32767.5));
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToInt16(-32768.6));
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToInt16(std::numeric_limits<double>::infinity()));
+        QVERIFY_THROWS_EXCEPTION(ConversionError,
+                                 ToInt16(std::numeric_limits<double>::quiet_NaN()));
     }
 
     void testDatabaseNumbers_data()
@@ -129,7 +129,7 @@ private Q_SLOTS:
     void testDatabaseNumbersRefused()
     {
         QFETCH(QString, text);
-        QVERIFY_EXCEPTION_THROWN(ToDouble(text), ConversionError);
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToDouble(text));
     }
 
     void testTypedNumbersFollowTheLocale()
@@ -147,16 +147,16 @@ private Q_SLOTS:
         const QLocale german(QLocale::German, QLocale::Germany);
         const QLocale english(QLocale::English, QLocale::UnitedStates);
         const QLocale french(QLocale::French, QLocale::France);
-        QVERIFY_EXCEPTION_THROWN(ToDouble(u"14.5", german), ConversionError);
-        QVERIFY_EXCEPTION_THROWN(ToDouble(u"1.000", german), ConversionError);
-        QVERIFY_EXCEPTION_THROWN(ToDouble(u"1,000", english), ConversionError);
-        QVERIFY_EXCEPTION_THROWN(ToDouble(u"1 000", french), ConversionError);
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToDouble(u"14.5", german));
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToDouble(u"1.000", german));
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToDouble(u"1,000", english));
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToDouble(u"1 000", french));
     }
 
     void testTypedTextThatIsNoNumber()
     {
-        QVERIFY_EXCEPTION_THROWN(ToDouble(u"abc", QLocale(QLocale::German)), ConversionError);
-        QVERIFY_EXCEPTION_THROWN(ToDouble(u"", QLocale(QLocale::German)), ConversionError);
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToDouble(u"abc", QLocale(QLocale::German)));
+        QVERIFY_THROWS_EXCEPTION(ConversionError, ToDouble(u"", QLocale(QLocale::German)));
     }
 
     void testMessageNamesTheText()

@@ -56,12 +56,12 @@ private Q_SLOTS:
 
     void testEmptyFileIsAnError()
     {
-        QVERIFY_EXCEPTION_THROWN(ReadTextLines(Write(QByteArray()), Advice), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, ReadTextLines(Write(QByteArray()), Advice));
     }
 
     void testFolderIsAnError()
     {
-        QVERIFY_EXCEPTION_THROWN(ReadTextLines(folder.path(), Advice), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, ReadTextLines(folder.path(), Advice));
     }
 
     void testMissingFileIsNamedWithTheAdvice()

@@ -113,26 +113,25 @@ private Q_SLOTS:
     void testUnknownParentIsAnError()
     {
         CategoryTree tree;
-        QVERIFY_EXCEPTION_THROWN(
-            tree.Fill(Categories({Row("1", "1", "", "Top"), Row("2", "2", "9", "Lost")})),
-            SubscriptError);
+        QVERIFY_THROWS_EXCEPTION(
+            SubscriptError,
+            tree.Fill(Categories({Row("1", "1", "", "Top"), Row("2", "2", "9", "Lost")})));
         QVERIFY(tree.IsEmpty());
     }
 
     void testParentBehindItsChildIsAnError()
     {
         CategoryTree tree;
-        QVERIFY_EXCEPTION_THROWN(
-            tree.Fill(Categories({Row("2", "2", "1", "Below"), Row("1", "1", "", "Top")})),
-            SubscriptError);
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, tree.Fill(Categories({Row("2", "2", "1", "Below"),
+                                                                       Row("1", "1", "", "Top")})));
     }
 
     void testDoubledTreeIdIsAnError()
     {
         CategoryTree tree;
-        QVERIFY_EXCEPTION_THROWN(
-            tree.Fill(Categories({Row("1", "1", "", "Top"), Row("2", "1", "", "Other")})),
-            DuplicateKeyError);
+        QVERIFY_THROWS_EXCEPTION(
+            DuplicateKeyError,
+            tree.Fill(Categories({Row("1", "1", "", "Top"), Row("2", "1", "", "Other")})));
     }
 
     void testSecondFillRelabelsAndKeepsTheOrder()
@@ -157,7 +156,7 @@ private Q_SLOTS:
     void testSecondFillWithAnUnknownCategoryIsAnError()
     {
         CategoryTree tree = SampleTree();
-        QVERIFY_EXCEPTION_THROWN(tree.Fill(Categories({Row("1", "9", "", "New")})), SubscriptError);
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, tree.Fill(Categories({Row("1", "9", "", "New")})));
     }
 
     void testFindByTagGivesTheFirstNode()

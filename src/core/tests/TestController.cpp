@@ -151,7 +151,7 @@ private Q_SLOTS:
     {
         RemoveFile(QStringLiteral("resources.chm"));
         const auto controller = MakeController();
-        QVERIFY_EXCEPTION_THROWN(controller->InitApplication(), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, controller->InitApplication());
         QVERIFY(controller->IsStarting());
     }
 
@@ -283,7 +283,7 @@ private Q_SLOTS:
         WriteFile(QStringLiteral("PDF/A B.pdf"), "%PDF");
         WriteFile(QStringLiteral("PDF/a b.pdf"), "%PDF");
         RemoveFile(QStringLiteral("resources.chm"));
-        QVERIFY_EXCEPTION_THROWN(Started(), DuplicateKeyError);
+        QVERIFY_THROWS_EXCEPTION(DuplicateKeyError, Started());
     }
 
     void testSizesAreMetricAtFirst()
@@ -404,7 +404,7 @@ private Q_SLOTS:
     void testMembersAmountThatIsNoNumberAddsNothing()
     {
         const auto controller = Started();
-        QVERIFY_EXCEPTION_THROWN(controller->AddProductToCart(5, 1, QString()), ConversionError);
+        QVERIFY_THROWS_EXCEPTION(ConversionError, controller->AddProductToCart(5, 1, QString()));
         QCOMPARE(controller->GetShoppingCart().Count(), qint16(0));
     }
 

@@ -174,8 +174,8 @@ private Q_SLOTS:
     void testSetLanguageRefusesOtherIndexes()
     {
         LanguageSupport languages = Languages();
-        QVERIFY_EXCEPTION_THROWN(languages.SetLanguage(5), SubscriptError);
-        QVERIFY_EXCEPTION_THROWN(languages.SetLanguage(-1), SubscriptError);
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, languages.SetLanguage(5));
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, languages.SetLanguage(-1));
         QCOMPARE(languages.GetLanguageIndex(), qint16(1));
         QCOMPARE(Stored(Location), QString());
     }
@@ -238,21 +238,21 @@ private Q_SLOTS:
     {
         WriteTexts(QStringLiteral("it"), "a=b\r\nx=y\r\na=c\r\n");
         LanguageSupport languages = Languages();
-        QVERIFY_EXCEPTION_THROWN(languages.InitLanguages(), DuplicateKeyError);
+        QVERIFY_THROWS_EXCEPTION(DuplicateKeyError, languages.InitLanguages());
     }
 
     void testDoubledEmptyKeyIsAnError()
     {
         WriteTexts(QStringLiteral("en"), "=b\r\n=c\r\n");
         LanguageSupport languages = Languages();
-        QVERIFY_EXCEPTION_THROWN(languages.InitLanguages(), DuplicateKeyError);
+        QVERIFY_THROWS_EXCEPTION(DuplicateKeyError, languages.InitLanguages());
     }
 
     void testKeyWithoutATextIsDefinedAllTheSame()
     {
         WriteTexts(QStringLiteral("en"), "a=\r\na=b\r\n");
         LanguageSupport languages = Languages();
-        QVERIFY_EXCEPTION_THROWN(languages.InitLanguages(), DuplicateKeyError);
+        QVERIFY_THROWS_EXCEPTION(DuplicateKeyError, languages.InitLanguages());
     }
 
     void testDoubledKeyOnASkippedLineIsNoError()

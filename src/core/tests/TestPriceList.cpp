@@ -124,8 +124,8 @@ private Q_SLOTS:
         PriceList prices(*registry);
         const QString path = Write("A\t1\r\n");
         prices.LoadPriceList(path);
-        QVERIFY_EXCEPTION_THROWN(prices.LoadPriceList(folder->filePath(QStringLiteral("none.txt"))),
-                                 FileError);
+        QVERIFY_THROWS_EXCEPTION(
+            FileError, prices.LoadPriceList(folder->filePath(QStringLiteral("none.txt"))));
         QVERIFY(prices.HasPriceList());
         QCOMPARE(prices.GetPrice(QStringLiteral("A")), QString());
         QCOMPARE(StoredPath(), path);
@@ -134,14 +134,14 @@ private Q_SLOTS:
     void testEmptyFileIsAnError()
     {
         PriceList prices(*registry);
-        QVERIFY_EXCEPTION_THROWN(prices.LoadPriceList(Write(QByteArray())), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, prices.LoadPriceList(Write(QByteArray())));
         QCOMPARE(StoredPath(), QString());
     }
 
     void testFolderIsAnError()
     {
         PriceList prices(*registry);
-        QVERIFY_EXCEPTION_THROWN(prices.LoadPriceList(folder->path()), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, prices.LoadPriceList(folder->path()));
         QCOMPARE(StoredPath(), QString());
     }
 
@@ -149,7 +149,7 @@ private Q_SLOTS:
     {
         PriceList prices(*registry);
         const QString path = Write("A 1\t1\r\nB\t2\r\nA1\t3\r\nC\t4\r\n");
-        QVERIFY_EXCEPTION_THROWN(prices.LoadPriceList(path), DuplicateKeyError);
+        QVERIFY_THROWS_EXCEPTION(DuplicateKeyError, prices.LoadPriceList(path));
         QCOMPARE(prices.GetPrice(QStringLiteral("A1")), QStringLiteral("1&nbsp;EUR"));
         QCOMPARE(prices.GetPrice(QStringLiteral("B")), QStringLiteral("2&nbsp;EUR"));
         QCOMPARE(prices.GetPrice(QStringLiteral("C")), QString());
@@ -159,7 +159,7 @@ private Q_SLOTS:
     void testArticleNumberWithoutAPriceIsInTheListAllTheSame()
     {
         PriceList prices(*registry);
-        QVERIFY_EXCEPTION_THROWN(prices.LoadPriceList(Write("A\t\r\nA\t1\r\n")), DuplicateKeyError);
+        QVERIFY_THROWS_EXCEPTION(DuplicateKeyError, prices.LoadPriceList(Write("A\t\r\nA\t1\r\n")));
     }
 
     void testSkippedLinesDoNotCountAsDoubled()

@@ -222,7 +222,7 @@ void TestPager::testFirstItemThatEndsAPageBelongsToThatPage()
 void TestPager::testItemNumberBeyond16BitsIsAnError()
 {
     // Two pages on from item 32741 would be item 32781.
-    QVERIFY_EXCEPTION_THROWN(Pager(32741, 32767), ConversionError);
+    QVERIFY_THROWS_EXCEPTION(ConversionError, Pager(32741, 32767));
 }
 
 void TestPager::testLargestCountHasItsLastPage()

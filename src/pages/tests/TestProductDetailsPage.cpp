@@ -147,18 +147,18 @@ void TestProductDetailsPage::testEmptyScaleCountsAsZero()
 
 void TestProductDetailsPage::testScaleThatIsNoNumberIsAnErrorEvenWithoutPicture()
 {
-    QVERIFY_EXCEPTION_THROWN(Write(Details({}, {QStringLiteral("a.gif"), QStringLiteral("1")}, {},
-                                           {{}, QStringLiteral("big")})),
-                             ConversionError);
-    QVERIFY_EXCEPTION_THROWN(
-        Write(Details({}, {QStringLiteral("a.gif"), QStringLiteral("0,5")}, {}, {})),
-        ConversionError);
+    QVERIFY_THROWS_EXCEPTION(ConversionError,
+                             Write(Details({}, {QStringLiteral("a.gif"), QStringLiteral("1")}, {},
+                                           {{}, QStringLiteral("big")})));
+    QVERIFY_THROWS_EXCEPTION(
+        ConversionError,
+        Write(Details({}, {QStringLiteral("a.gif"), QStringLiteral("0,5")}, {}, {})));
 }
 
 void TestProductDetailsPage::testTitleAndFactsStandWhenAScaleFails()
 {
-    QVERIFY_EXCEPTION_THROWN(Write(Details({}, {{}, QStringLiteral("big")}, {}, {})),
-                             ConversionError);
+    QVERIFY_THROWS_EXCEPTION(ConversionError,
+                             Write(Details({}, {{}, QStringLiteral("big")}, {}, {})));
     QCOMPARE(document.ChangedIds(),
              QStringList({QStringLiteral("productTitle"), QStringLiteral("productDetails")}));
     QCOMPARE(document.Html(QStringLiteral("productTitle")), QStringLiteral("Metzenbaum scissors"));
@@ -166,7 +166,7 @@ void TestProductDetailsPage::testTitleAndFactsStandWhenAScaleFails()
 
 void TestProductDetailsPage::testMissingProductIsAnErrorAndWritesNothing()
 {
-    QVERIFY_EXCEPTION_THROWN(Write({}), SubscriptError);
+    QVERIFY_THROWS_EXCEPTION(SubscriptError, Write({}));
     QVERIFY(document.calls.isEmpty());
 }
 

@@ -277,7 +277,7 @@ void TestProductListPage::testAvailabilityThatIsNoNumberIsAnError()
     QFETCH(const QString, availability);
     Product product;
     product.availability = availability;
-    QVERIFY_EXCEPTION_THROWN(List(ProductTable({product}), 1, true), ConversionError);
+    QVERIFY_THROWS_EXCEPTION(ConversionError, List(ProductTable({product}), 1, true));
     QVERIFY(document.calls.isEmpty());
 }
 
@@ -290,7 +290,7 @@ void TestProductListPage::testFirstItemBehindTheListGivesCaptionsOnly()
 
 void TestProductListPage::testFirstItemNear16BitLimitIsAnError()
 {
-    QVERIFY_EXCEPTION_THROWN(List(ProductTable({scissors}), 32750, true), ConversionError);
+    QVERIFY_THROWS_EXCEPTION(ConversionError, List(ProductTable({scissors}), 32750, true));
 }
 
 void TestProductListPage::testTextsWithPlaceholdersStayAsTheyAre()

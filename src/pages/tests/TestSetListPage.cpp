@@ -99,7 +99,7 @@ void TestSetListPage::testFirstColumnThatIsNoNumberIsAnError()
 {
     Product product = clamp;
     product.id = QStringLiteral("x");
-    QVERIFY_EXCEPTION_THROWN(List(ProductTable({product})), ConversionError);
+    QVERIFY_THROWS_EXCEPTION(ConversionError, List(ProductTable({product})));
     QVERIFY(document.calls.isEmpty());
 }
 

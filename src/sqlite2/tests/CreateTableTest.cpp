@@ -293,7 +293,7 @@ void CreateTableTest::testUnreadableStatementsAreErrors_data()
 void CreateTableTest::testUnreadableStatementsAreErrors()
 {
     QFETCH(QByteArray, sql);
-    QVERIFY_EXCEPTION_THROWN(ParseCreateTable(sql.toStdString()), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, ParseCreateTable(sql.toStdString()));
 }
 
 void CreateTableTest::testTypeClasses_data()
@@ -345,7 +345,7 @@ void CreateTableTest::testUnreadableIndexesAreErrors_data()
 void CreateTableTest::testUnreadableIndexesAreErrors()
 {
     QFETCH(QByteArray, sql);
-    QVERIFY_EXCEPTION_THROWN(ParseCreateIndex(sql.toStdString()), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, ParseCreateIndex(sql.toStdString()));
 }
 
 QTEST_GUILESS_MAIN(CreateTableTest)

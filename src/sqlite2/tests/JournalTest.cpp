@@ -160,26 +160,26 @@ void JournalTest::testUnknownKindIsAnError()
 {
     QByteArray journal = Header(1, 0, 1) + Record(1, Page('A'), 1);
     journal[7] = '\x00';
-    QVERIFY_EXCEPTION_THROWN(RolledBack(Page('1'), journal), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, RolledBack(Page('1'), journal));
 }
 
 void JournalTest::testPageZeroIsAnError()
 {
     const QByteArray journal = Header(1, 5, 1) + Record(0, Page('A'), 5);
-    QVERIFY_EXCEPTION_THROWN(RolledBack(Page('1'), journal), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, RolledBack(Page('1'), journal));
 }
 
 void JournalTest::testMorePagesThanThereAreIsAnError()
 {
-    QVERIFY_EXCEPTION_THROWN(RolledBack(Page('1'), Header(0, 0, 0xffffffff)), Error);
-    QVERIFY_EXCEPTION_THROWN(RolledBack(Page('1'), Header(1, 0, 3) + Record(3, Page('C'), 3)),
-                             Error);
+    QVERIFY_THROWS_EXCEPTION(Error, RolledBack(Page('1'), Header(0, 0, 0xffffffff)));
+    QVERIFY_THROWS_EXCEPTION(Error,
+                             RolledBack(Page('1'), Header(1, 0, 3) + Record(3, Page('C'), 3)));
 }
 
 void JournalTest::testLostPagesThatTheJournalLacksAreAnError()
 {
     const QByteArray journal = Header(1, 0, 2) + Record(1, Page('A'), 1);
-    QVERIFY_EXCEPTION_THROWN(RolledBack(Page('1'), journal), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, RolledBack(Page('1'), journal));
 }
 
 void JournalTest::testFolderInTheJournalsPlaceIsAnError()
@@ -187,7 +187,7 @@ void JournalTest::testFolderInTheJournalsPlaceIsAnError()
     const Scratch scratch;
     scratch.Write(TableWith("text"));
     std::filesystem::create_directory(scratch.File("test.db-journal"));
-    QVERIFY_EXCEPTION_THROWN(Reader(scratch.File()), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, Reader(scratch.File()));
 }
 
 QTEST_GUILESS_MAIN(JournalTest)

@@ -309,12 +309,12 @@ void ReaderTest::testMissingFileIsAnErrorThatNamesIt()
 
 void ReaderTest::testFolderIsAnError()
 {
-    QVERIFY_EXCEPTION_THROWN(Reader(File(".")), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, Reader(File(".")));
 }
 
 void ReaderTest::testForeignFileIsAnError()
 {
-    QVERIFY_EXCEPTION_THROWN(Reader(File("catalog.jsonl")), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, Reader(File("catalog.jsonl")));
 }
 
 void ReaderTest::testHandlersErrorsPassUnchanged()

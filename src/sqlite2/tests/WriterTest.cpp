@@ -354,7 +354,7 @@ void WriterTest::testNoRowIdIsLeft()
     Writer writer;
     writer.CreateTable("CREATE TABLE t(id INTEGER PRIMARY KEY)");
     writer.InsertRow("t", {"2147483647"});
-    QVERIFY_EXCEPTION_THROWN(writer.InsertRow("t", {Value()}), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, writer.InsertRow("t", {Value()}));
 }
 
 void WriterTest::testExtremeRowIds()
@@ -415,19 +415,19 @@ void WriterTest::testRefusesWhatCannotBeStored()
     Writer writer;
     writer.CreateTable("CREATE TABLE t(id INTEGER PRIMARY KEY, a)");
     writer.InsertRow("t", {"1", "x"});
-    QVERIFY_EXCEPTION_THROWN(writer.InsertRow("u", {"1", "x"}), Error);
-    QVERIFY_EXCEPTION_THROWN(writer.InsertRow("t", {"2"}), Error);
-    QVERIFY_EXCEPTION_THROWN(writer.InsertRow("t", {"2", "x", "y"}), Error);
-    QVERIFY_EXCEPTION_THROWN(writer.InsertRow("t", {"1", "x"}), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, writer.InsertRow("u", {"1", "x"}));
+    QVERIFY_THROWS_EXCEPTION(Error, writer.InsertRow("t", {"2"}));
+    QVERIFY_THROWS_EXCEPTION(Error, writer.InsertRow("t", {"2", "x", "y"}));
+    QVERIFY_THROWS_EXCEPTION(Error, writer.InsertRow("t", {"1", "x"}));
     for (const char *id : {"", "x", "1.0", " 1", "2147483648", "0x1"})
-        QVERIFY_EXCEPTION_THROWN(writer.InsertRow("t", {id, "x"}), Error);
-    QVERIFY_EXCEPTION_THROWN(writer.InsertRow("t", {"2", std::string("a\0b", 3)}), Error);
+        QVERIFY_THROWS_EXCEPTION(Error, writer.InsertRow("t", {id, "x"}));
+    QVERIFY_THROWS_EXCEPTION(Error, writer.InsertRow("t", {"2", std::string("a\0b", 3)}));
     std::string tooLong;
     tooLong.resize(0x1000000, 'x');
-    QVERIFY_EXCEPTION_THROWN(writer.InsertRow("t", {"2", tooLong}), Error);
-    QVERIFY_EXCEPTION_THROWN(writer.CreateIndex("CREATE INDEX i ON u(a)"), Error);
-    QVERIFY_EXCEPTION_THROWN(writer.CreateIndex("CREATE INDEX i ON t(b)"), Error);
-    QVERIFY_EXCEPTION_THROWN(writer.CreateTable("CREATE TABLE w(a UNIQUE, UNIQUE (a))"), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, writer.InsertRow("t", {"2", tooLong}));
+    QVERIFY_THROWS_EXCEPTION(Error, writer.CreateIndex("CREATE INDEX i ON u(a)"));
+    QVERIFY_THROWS_EXCEPTION(Error, writer.CreateIndex("CREATE INDEX i ON t(b)"));
+    QVERIFY_THROWS_EXCEPTION(Error, writer.CreateTable("CREATE TABLE w(a UNIQUE, UNIQUE (a))"));
 
     // What was refused left nothing behind.
     const Scratch scratch;
@@ -443,12 +443,12 @@ void WriterTest::testRefusesEqualRowsInAUniqueIndex()
     declared.CreateTable("CREATE TABLE t(a)");
     declared.CreateIndex("CREATE UNIQUE INDEX i ON t(a)");
     Insert(declared, "t", {{"7"}, {"8"}, {"007"}});
-    QVERIFY_EXCEPTION_THROWN(declared.Finish(scratch.File()), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, declared.Finish(scratch.File()));
 
     Writer implied;
     implied.CreateTable("CREATE TABLE t(a TEXT PRIMARY KEY)");
     Insert(implied, "t", {{"7"}, {"007"}, {"7"}});
-    QVERIFY_EXCEPTION_THROWN(implied.Finish(scratch.File()), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, implied.Finish(scratch.File()));
     QVERIFY(!std::filesystem::exists(scratch.File()));
 }
 
@@ -457,10 +457,10 @@ void WriterTest::testRefusesTakenNames()
     Writer writer;
     writer.CreateTable("CREATE TABLE t(a)");
     writer.CreateIndex("CREATE INDEX i ON t(a)");
-    QVERIFY_EXCEPTION_THROWN(writer.CreateTable("CREATE TABLE T(b)"), Error);
-    QVERIFY_EXCEPTION_THROWN(writer.CreateTable("CREATE TABLE i(b)"), Error);
-    QVERIFY_EXCEPTION_THROWN(writer.CreateTable("CREATE TABLE sqlite_master(b)"), Error);
-    QVERIFY_EXCEPTION_THROWN(writer.CreateIndex("CREATE INDEX I ON t(a)"), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, writer.CreateTable("CREATE TABLE T(b)"));
+    QVERIFY_THROWS_EXCEPTION(Error, writer.CreateTable("CREATE TABLE i(b)"));
+    QVERIFY_THROWS_EXCEPTION(Error, writer.CreateTable("CREATE TABLE sqlite_master(b)"));
+    QVERIFY_THROWS_EXCEPTION(Error, writer.CreateIndex("CREATE INDEX I ON t(a)"));
 }
 
 void WriterTest::testRefusesToWriteBesideAJournal()
@@ -468,7 +468,7 @@ void WriterTest::testRefusesToWriteBesideAJournal()
     const Scratch scratch;
     scratch.Write("old");
     scratch.Write("journal", "test.db-journal");
-    QVERIFY_EXCEPTION_THROWN(Writer().Finish(scratch.File()), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, Writer().Finish(scratch.File()));
     QCOMPARE(scratch.Bytes(), QByteArray("old"));
 }
 
@@ -477,10 +477,10 @@ void WriterTest::testFailureLeavesTheOldFile()
     const Scratch scratch;
     // A folder of that name cannot be replaced, nor can a file be made in a folder that is none.
     std::filesystem::create_directories(scratch.File("taken") / "inside");
-    QVERIFY_EXCEPTION_THROWN(Writer().Finish(scratch.File("taken")), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, Writer().Finish(scratch.File("taken")));
     QVERIFY(std::filesystem::is_directory(scratch.File("taken")));
     QVERIFY(!std::filesystem::exists(scratch.File("taken.part")));
-    QVERIFY_EXCEPTION_THROWN(Writer().Finish(scratch.File("missing") / "test.db"), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, Writer().Finish(scratch.File("missing") / "test.db"));
 }
 
 QTEST_GUILESS_MAIN(WriterTest)

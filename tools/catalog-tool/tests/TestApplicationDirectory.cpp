@@ -121,7 +121,7 @@ private Q_SLOTS:
     {
         const Folder folder;
         ApplicationDirectory first(folder.Path());
-        QVERIFY_EXCEPTION_THROWN(ApplicationDirectory(folder.Path()), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, ApplicationDirectory(folder.Path()));
         first.Write(QStringLiteral("version"), "1");
         first.Finish();
         QCOMPARE(folder.Read("version"), QByteArray("1"));
@@ -131,7 +131,7 @@ private Q_SLOTS:
     {
         const Folder folder;
         Build(folder, {{QStringLiteral("version"), "1"}});
-        QVERIFY_EXCEPTION_THROWN(ApplicationDirectory(folder.Path("version")), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, ApplicationDirectory(folder.Path("version")));
     }
 };
 

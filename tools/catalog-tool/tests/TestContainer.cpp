@@ -187,7 +187,7 @@ private Q_SLOTS:
     void testRefusesAFileThatIsNoContainer()
     {
         const TinySources tiny;
-        QVERIFY_EXCEPTION_THROWN(ContainerReader(tiny.Path(QStringLiteral("version"))), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, ContainerReader(tiny.Path(QStringLiteral("version"))));
     }
 };
 

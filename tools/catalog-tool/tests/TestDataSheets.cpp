@@ -72,7 +72,7 @@ private Q_SLOTS:
 
     void testReportsAMissingPage()
     {
-        QVERIFY_EXCEPTION_THROWN(PrintDataSheet(QStringLiteral("none.html")), FileError);
+        QVERIFY_THROWS_EXCEPTION(FileError, PrintDataSheet(QStringLiteral("none.html")));
     }
 
     void testNamesStandForArticleNumbers()

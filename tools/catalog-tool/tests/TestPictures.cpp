@@ -128,7 +128,7 @@ private Q_SLOTS:
 
     void testGifRefusesPicturesWithoutPixels()
     {
-        QVERIFY_EXCEPTION_THROWN(WriteGif(QImage()), CatalogueError);
+        QVERIFY_THROWS_EXCEPTION(CatalogueError, WriteGif(QImage()));
     }
 };
 

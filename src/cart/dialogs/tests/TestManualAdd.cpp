@@ -198,10 +198,9 @@ void TestManualAdd::testFailedRowDoesNotCostTheOthers()
 {
     QFETCH(const QString, artNr);
     QFETCH(const QString, reference);
-    QVERIFY_EXCEPTION_THROWN(
-        Added(
-            {Row("AB 1", "", 1), CartRowEntry{artNr, reference, 1, QString()}, Row("AB 2", "", 1)}),
-        ConversionError);
+    QVERIFY_THROWS_EXCEPTION(
+        ConversionError, Added({Row("AB 1", "", 1), CartRowEntry{artNr, reference, 1, QString()},
+                                Row("AB 2", "", 1)}));
     QCOMPARE(Lines(), QStringList({QStringLiteral("1|AB 1|1|"), QStringLiteral("2|AB 2|1|")}));
 }
 
@@ -210,7 +209,7 @@ void TestManualAdd::testFullCartKeepsItsLines()
     clsShoppingCart &cart = controller->GetShoppingCart();
     for (int i = 0; i < 32766; ++i)
         cart.AddItem(std::make_shared<clsShoppingCartItem>());
-    QVERIFY_EXCEPTION_THROWN(Added({Row("AB 1", "", 1), Row("AB 2", "", 1)}), OverflowError);
+    QVERIFY_THROWS_EXCEPTION(OverflowError, Added({Row("AB 1", "", 1), Row("AB 2", "", 1)}));
     QCOMPARE(cart.Count(), qint16{32767});
     QCOMPARE(cart.Entries().At(32766)->ArtNr, QStringLiteral("AB 1"));
 }

@@ -141,7 +141,7 @@ void TestCartFileCommands::testFailedSaveIsAnError()
 {
     QVERIFY(QDir(folder->path()).mkdir(QStringLiteral("order.csv")));
     DialogDriver driver({Choose(PathOf("order"))});
-    QVERIFY_EXCEPTION_THROWN(CartFileCommands::AskAndSave(cart, nullptr), FileError);
+    QVERIFY_THROWS_EXCEPTION(FileError, CartFileCommands::AskAndSave(cart, nullptr));
 }
 
 QTEST_MAIN(TestCartFileCommands)

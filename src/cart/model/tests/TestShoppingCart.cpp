@@ -78,8 +78,8 @@ private Q_SLOTS:
         clsShoppingCart cart;
         const QString text = QStringLiteral("1");
         for (const char *amount : {"32768", "-32769", "two", ""}) {
-            QVERIFY_EXCEPTION_THROWN(cart.Add(text, text, text, QString::fromLatin1(amount)),
-                                     ConversionError);
+            QVERIFY_THROWS_EXCEPTION(ConversionError,
+                                     cart.Add(text, text, text, QString::fromLatin1(amount)));
         }
         QCOMPARE(cart.Count(), qint16(0));
     }
@@ -157,7 +157,7 @@ private Q_SLOTS:
     void testDeletingAMemberOfAnUnknownItemIsAnError()
     {
         clsShoppingCart cart = CartOf(QStringLiteral("a"));
-        QVERIFY_EXCEPTION_THROWN(cart.DeleteItem(1, 0), SubscriptError);
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, cart.DeleteItem(1, 0));
     }
 
     void testEntriesAreReplacedWhole()
@@ -177,7 +177,7 @@ private Q_SLOTS:
         cart.SetEntries(ListOf(32767));
         QCOMPARE(cart.Count(), qint16(32767));
         cart.SetEntries(ListOf(32768));
-        QVERIFY_EXCEPTION_THROWN(cart.Count(), OverflowError);
+        QVERIFY_THROWS_EXCEPTION(OverflowError, cart.Count());
     }
 
     void testFullCartTakesNoFurtherItem()
@@ -186,8 +186,8 @@ private Q_SLOTS:
         cart.SetEntries(ListOf(32766));
         cart.AddItem(Item(QStringLiteral("b")));
         const QString one = QStringLiteral("1");
-        QVERIFY_EXCEPTION_THROWN(cart.AddItem(Item(QStringLiteral("c"))), OverflowError);
-        QVERIFY_EXCEPTION_THROWN(cart.Add(one, one, one, one), OverflowError);
+        QVERIFY_THROWS_EXCEPTION(OverflowError, cart.AddItem(Item(QStringLiteral("c"))));
+        QVERIFY_THROWS_EXCEPTION(OverflowError, cart.Add(one, one, one, one));
         QCOMPARE(cart.Count(), qint16(32767));
         QCOMPARE(cart.Entries().At(32766)->Id, QStringLiteral("b"));
         cart.DeleteItem(0, -1);

@@ -100,9 +100,9 @@ private Q_SLOTS:
     void testTemplateRefusesAmountsThatAreNoWholeNumberOf16Bits()
     {
         clsShoppingCartItem item;
-        QVERIFY_EXCEPTION_THROWN(item.AddSetTemplate({Row("1", "32768")}), ConversionError);
-        QVERIFY_EXCEPTION_THROWN(item.AddSetTemplate({Row("1", "x")}), ConversionError);
-        QVERIFY_EXCEPTION_THROWN(item.AddSetTemplate({Row("1", "")}), ConversionError);
+        QVERIFY_THROWS_EXCEPTION(ConversionError, item.AddSetTemplate({Row("1", "32768")}));
+        QVERIFY_THROWS_EXCEPTION(ConversionError, item.AddSetTemplate({Row("1", "x")}));
+        QVERIFY_THROWS_EXCEPTION(ConversionError, item.AddSetTemplate({Row("1", "")}));
         QVERIFY(!item.IsSet());
     }
 
@@ -130,13 +130,13 @@ private Q_SLOTS:
     {
         clsShoppingCartItem item;
         item.AddSetTemplate({Row("1", "1")}, 1);
-        QVERIFY_EXCEPTION_THROWN(item.DeleteSubItem(1), SubscriptError);
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, item.DeleteSubItem(1));
     }
 
     void testSingleArticleHasNoMemberToDelete()
     {
         clsShoppingCartItem item = Clamp();
-        QVERIFY_EXCEPTION_THROWN(item.DeleteSubItem(0), SubscriptError);
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, item.DeleteSubItem(0));
     }
 };
 

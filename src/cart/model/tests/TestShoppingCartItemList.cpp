@@ -56,9 +56,9 @@ private Q_SLOTS:
     void testPositionsOutsideTheBoundsAreErrors()
     {
         const ShoppingCartItemList list = ListOf(2, 1);
-        QVERIFY_EXCEPTION_THROWN(list.At(0), SubscriptError);
-        QVERIFY_EXCEPTION_THROWN(list.At(3), SubscriptError);
-        QVERIFY_EXCEPTION_THROWN(ShoppingCartItemList().At(0), SubscriptError);
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, list.At(0));
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, list.At(3));
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, ShoppingCartItemList().At(0));
     }
 
     void testRemove_data()
@@ -99,7 +99,7 @@ private Q_SLOTS:
     void testSingleItemOfAListFromOneCannotBeRemoved()
     {
         ShoppingCartItemList list = ListOf(1, 1);
-        QVERIFY_EXCEPTION_THROWN(list.Remove(1), SubscriptError);
+        QVERIFY_THROWS_EXCEPTION(SubscriptError, list.Remove(1));
         QCOMPARE(Ids(list), QStringLiteral("a"));
     }
 

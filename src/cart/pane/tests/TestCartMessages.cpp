@@ -210,7 +210,7 @@ void TestCartMessages::testDeletionThatNamesNoLineIsAnError_data()
 void TestCartMessages::testDeletionThatNamesNoLineIsAnError()
 {
     QFETCH(const QString, text);
-    QVERIFY_EXCEPTION_THROWN(CartMessages::DeleteLine(text, cart), CatalogueError);
+    QVERIFY_THROWS_EXCEPTION(CatalogueError, CartMessages::DeleteLine(text, cart));
     QCOMPARE(Lines(cart), linesBefore);
 }
 

@@ -168,8 +168,8 @@ void TestCatalogueQueries::testNoIdIsMinusOne()
 
 void TestCatalogueQueries::testIdBeyond16BitsIsAnError()
 {
-    QVERIFY_EXCEPTION_THROWN(queries.FindProductIdsByArtNr(Text("ZZ%")), ConversionError);
-    QVERIFY_EXCEPTION_THROWN(queries.FindProductIdsByRefNo(Text("XX%")), ConversionError);
+    QVERIFY_THROWS_EXCEPTION(ConversionError, queries.FindProductIdsByArtNr(Text("ZZ%")));
+    QVERIFY_THROWS_EXCEPTION(ConversionError, queries.FindProductIdsByRefNo(Text("XX%")));
 }
 
 void TestCatalogueQueries::testFirstArticleNumberByReferenceNumber()

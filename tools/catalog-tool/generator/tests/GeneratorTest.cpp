@@ -268,15 +268,15 @@ void GeneratorTest::testLargestCatalogue()
 void GeneratorTest::testRefusesNumbersOutOfRange()
 {
     for (const int products : {0, -1, 32768})
-        QVERIFY_EXCEPTION_THROWN(Generated({products, 1, {}, {}}), CatalogueError);
-    QVERIFY_EXCEPTION_THROWN(Generated({1, 1, 0, {}}), CatalogueError);
-    QVERIFY_EXCEPTION_THROWN(Generated({1, 1, {}, -1}), CatalogueError);
+        QVERIFY_THROWS_EXCEPTION(CatalogueError, Generated({products, 1, {}, {}}));
+    QVERIFY_THROWS_EXCEPTION(CatalogueError, Generated({1, 1, 0, {}}));
+    QVERIFY_THROWS_EXCEPTION(CatalogueError, Generated({1, 1, {}, -1}));
 }
 
 void GeneratorTest::testFileThatCannotBeWrittenIsAnError()
 {
-    QVERIFY_EXCEPTION_THROWN(GenerateCatalogue(scratch.File("no folder") / "x.db", {1, 1, {}, {}}),
-                             FileError);
+    QVERIFY_THROWS_EXCEPTION(FileError,
+                             GenerateCatalogue(scratch.File("no folder") / "x.db", {1, 1, {}, {}}));
 }
 
 void GeneratorTest::testCommandLine()
@@ -301,8 +301,8 @@ void GeneratorTest::testWrongCommandLines_data()
 void GeneratorTest::testWrongCommandLines()
 {
     QFETCH(QString, line);
-    QVERIFY_EXCEPTION_THROWN(RunGenerate(line.split(QLatin1Char(' '), Qt::SkipEmptyParts)),
-                             UsageError);
+    QVERIFY_THROWS_EXCEPTION(UsageError,
+                             RunGenerate(line.split(QLatin1Char(' '), Qt::SkipEmptyParts)));
 }
 
 QTEST_GUILESS_MAIN(GeneratorTest)

@@ -114,14 +114,14 @@ void TestSqlCommand::testEmptyResult()
 
 void TestSqlCommand::testFailingStatement()
 {
-    QVERIFY_EXCEPTION_THROWN(RunSql({sample, Text("select * from nowhere")}), CatalogueError);
-    QVERIFY_EXCEPTION_THROWN(RunSql({sample, Text("delete from a")}), CatalogueError);
+    QVERIFY_THROWS_EXCEPTION(CatalogueError, RunSql({sample, Text("select * from nowhere")}));
+    QVERIFY_THROWS_EXCEPTION(CatalogueError, RunSql({sample, Text("delete from a")}));
 }
 
 void TestSqlCommand::testMissingFile()
 {
-    QVERIFY_EXCEPTION_THROWN(RunSql({folder.filePath(Text("missing.db")), Text("select 1")}),
-                             CatalogueError);
+    QVERIFY_THROWS_EXCEPTION(CatalogueError,
+                             RunSql({folder.filePath(Text("missing.db")), Text("select 1")}));
 }
 
 void TestSqlCommand::testWrongArguments_data()
@@ -137,7 +137,7 @@ void TestSqlCommand::testWrongArguments_data()
 void TestSqlCommand::testWrongArguments()
 {
     QFETCH(QStringList, arguments);
-    QVERIFY_EXCEPTION_THROWN(RunSql(arguments), UsageError);
+    QVERIFY_THROWS_EXCEPTION(UsageError, RunSql(arguments));
 }
 
 void TestSqlCommand::testLeavesNothingBeside()
