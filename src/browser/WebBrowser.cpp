@@ -243,6 +243,8 @@ void WebBrowser::ReportChanges(const QVariant &result, const QList<ElementChange
     const int number = result.toInt(&isNumber);
     if (!isNumber) {
         qCWarning(browserLog, "changes for %ls: the page gave no answer", qUtf16Printable(address));
+    } else if (number == PageScript::allChangesMade) {
+        qCInfo(changesLog, "%ls is filled", qUtf16Printable(address));
     } else if (number == PageScript::otherDocument) {
         qCWarning(browserLog, "changes for %ls dropped: the page has moved on",
                   qUtf16Printable(address));

@@ -5,7 +5,10 @@
 
 #include <QFile>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
+#include <optional>
 
 namespace Tesk {
 
@@ -13,6 +16,18 @@ namespace {
 
 const QString productsOption = QStringLiteral("--products");
 const QString seedOption = QStringLiteral("--seed");
+
+struct OptionalNumber
+{
+    QLatin1String name;
+    std::optional<int> GeneratorOptions::*value;
+};
+
+constexpr std::array optionalNumbers{
+    OptionalNumber{QLatin1String("--categories"), &GeneratorOptions::categories},
+    OptionalNumber{QLatin1String("--references"), &GeneratorOptions::referenceNumbers},
+    OptionalNumber{QLatin1String("--first-category"), &GeneratorOptions::firstLeafProducts},
+};
 
 template <typename Number>
 Number ToNumber(const QString &option, const QString &text,
@@ -34,11 +49,15 @@ int RunGenerate(const QStringList &arguments)
     bool hasProducts = false;
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const QString &argument = arguments[i];
+        const auto *const number =
+            std::ranges::find(optionalNumbers, argument, &OptionalNumber::name);
         if (argument == productsOption) {
             options.products = ToNumber(argument, arguments.value(++i), &QString::toInt);
             hasProducts = true;
         } else if (argument == seedOption) {
             options.seed = ToNumber(argument, arguments.value(++i), &QString::toUInt);
+        } else if (number != optionalNumbers.end()) {
+            options.*number->value = ToNumber(argument, arguments.value(++i), &QString::toInt);
         } else if (argument.startsWith(QLatin1String("--"))) {
             throw UsageError(QStringLiteral("generate has no option %1").arg(argument));
         } else if (file.isEmpty()) {

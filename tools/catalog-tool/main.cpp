@@ -24,8 +24,11 @@ constexpr char usage[] = R"(Makes, checks, queries and generates product catalog
       reports every problem of the sources
   catalog-tool sql [--json] FILE STATEMENT
       prints what the statement finds in a catalogue's database
-  catalog-tool generate FILE --products N [--seed S]
-      writes a made-up catalogue of N products; equal seeds make equal files
+  catalog-tool generate FILE --products N [--seed S] [--categories N] [--references N]
+                        [--first-category N]
+      writes a made-up catalogue of N products; equal seeds make equal files. The other numbers
+      are those of all categories, of all reference numbers, and of the products in the first
+      category
 )";
 
 using Command = std::function<int(const QStringList &arguments)>;

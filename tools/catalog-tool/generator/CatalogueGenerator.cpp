@@ -7,6 +7,7 @@
 #include "sqlite2/Writer.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <set>
 
 namespace Tesk {
@@ -32,6 +33,8 @@ constexpr int maxMemberAmount = 9;
 /// So often a product lies in the first leaf, whatever its own: about 500 of 32,000.
 constexpr int firstLeafOneIn = 85;
 constexpr int secondCategoryOneIn = 20;
+/// More than a kind has pictures.
+constexpr int pictureRange = 20;
 
 constexpr std::array schema{
     "CREATE TABLE categories (ID INTEGER PRIMARY KEY, TREE_ID INTEGER, parent VARCHAR(10), "
@@ -114,23 +117,24 @@ private:
 
     void AddProduct(int id)
     {
-        const Category &category =
-            random.OneIn(firstLeafOneIn) ? leaves.front() : random.Pick(leaves);
+        const Category &category = LeafOf(id);
         const Kind &kind = vocabulary.kinds[category.kind];
         const bool isSet = id % setOneIn == 0;
         const int length = products.Length();
         const Size size = SizeOf(length);
-        const std::string picture = std::to_string(1 + random.Below(20)) + ".gif";
-        const bool hasDetailPicture = random.Below(2) == 0;
+        const auto picture = static_cast<std::size_t>(random.Below(pictureRange));
+        const std::string &mainPicture = kind.pictures[picture % kind.pictures.size()];
+        const bool hasDetailPicture = random.Below(2) == 0 && !kind.detailPictures.empty();
+        const std::string detailPicture =
+            hasDetailPicture ? kind.detailPictures[picture % kind.detailPictures.size()] : "";
         const bool hasHelp = random.OneIn(5);
         writer.InsertRow("products_global",
                          {std::to_string(id), products.ArticleNumber(kind, length),
                           isSet ? "True" : "False", isSet ? Value() : size.millimetres,
                           isSet ? "" : size.centimetres, isSet ? "" : size.inches,
                           random.Pick(stocks), kind.folder, std::to_string(1 + random.Below(4)),
-                          hasHelp ? "xlist" : "", 'p' + picture, random.Pick(scales),
-                          hasDetailPicture ? 'd' + picture : "", hasDetailPicture ? "1.5" : "0", "",
-                          "0"});
+                          hasHelp ? "xlist" : "", mainPicture, random.Pick(scales), detailPicture,
+                          hasDetailPicture ? "1.5" : "0", "", "0"});
 
         const auto description = isSet ? products.DescribeSet(kind) : products.Describe(kind);
         for (std::size_t i = 0; i < languageCount; ++i)
@@ -141,14 +145,34 @@ private:
             AddMembers(id);
     }
 
+    const Category &LeafOf(int id)
+    {
+        if (!options.firstLeafProducts)
+            return random.OneIn(firstLeafOneIn) ? leaves.front() : random.Pick(leaves);
+        // Evenly among the ids.
+        const auto countUpTo = [this](std::int64_t ids) {
+            return ids * *options.firstLeafProducts / options.products;
+        };
+        const bool isInFirst = leaves.size() == 1 || countUpTo(id) != countUpTo(id - 1);
+        return isInFirst ? leaves.front() : OtherLeaf();
+    }
+
+    /// One that is not the first; needs two leaves.
+    const Category &OtherLeaf()
+    {
+        return leaves[1 +
+                      static_cast<std::size_t>(random.Below(static_cast<int>(leaves.size()) - 1))];
+    }
+
     void AddToCategories(int id, int category)
     {
         const auto add = [&](int catId) {
             writer.InsertRow("products2categories", {std::to_string(id), std::to_string(catId)});
         };
         add(category);
-        if (const int other = random.Pick(leaves).id;
-            random.OneIn(secondCategoryOneIn) && other != category)
+        const bool isFirstLeafFull = options.firstLeafProducts && leaves.size() > 1;
+        const int other = isFirstLeafFull ? OtherLeaf().id : random.Pick(leaves).id;
+        if (random.OneIn(secondCategoryOneIn) && other != category)
             add(other);
     }
 
@@ -203,6 +227,9 @@ void GenerateCatalogue(const std::filesystem::path &file, const GeneratorOptions
     if (options.referenceNumbers)
         RequireRange(QStringLiteral("reference numbers"), *options.referenceNumbers, 0,
                      maxReferenceNumbers);
+    if (options.firstLeafProducts)
+        RequireRange(QStringLiteral("products in the first category"), *options.firstLeafProducts,
+                     0, options.products);
     try {
         Generator(options).Write(file);
     } catch (const Sqlite2::Error &error) {

@@ -16,6 +16,8 @@ struct GeneratorOptions
     std::optional<int> categories;
     /// Reference numbers in all; without a number two a product.
     std::optional<int> referenceNumbers;
+    /// Products in the first leaf category, exactly; without a number about one in 65.
+    std::optional<int> firstLeafProducts = {};
 };
 
 /// Writes a made-up catalogue as a version 2 file: a tree of up to four levels, products in five

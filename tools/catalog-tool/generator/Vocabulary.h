@@ -19,8 +19,11 @@ struct Kind
     Words name;
     /// The letters that its article numbers begin with.
     std::string prefix;
-    /// The folder of its pictures.
+    /// The folder of its pictures, and the pictures: those of the sample catalogue, so that they
+    /// are there where a generated database takes the place of its own.
     std::string folder;
+    std::vector<std::string> pictures;
+    std::vector<std::string> detailPictures; ///< may be empty
 };
 
 /// What names of categories and products are made of.

@@ -64,6 +64,7 @@ private Q_SLOTS:
     void testSetsHaveSingleProductsAsMembers();
     void testReferenceNumbers();
     void testOptionalNumbers();
+    void testProductsOfTheFirstCategory();
     void testSizeTexts_data();
     void testSizeTexts();
     void testSchemaIsThatOfTheSample();
@@ -202,6 +203,23 @@ void GeneratorTest::testOptionalNumbers()
     QCOMPARE(LoadedTable(own.File(), "reference_numbers").rows.size(), std::size_t{11});
 }
 
+void GeneratorTest::testProductsOfTheFirstCategory()
+{
+    const QStringList all = Column(LoadedTable(scratch.File(), "products2categories"), "catID");
+    for (const int count : {0, 3, 250, productCount}) {
+        const Scratch own;
+        GenerateCatalogue(own.File(), {productCount, 7, {}, {}, count});
+        const QStringList categories =
+            Column(LoadedTable(own.File(), "products2categories"), "catID");
+        // Leaves are numbered as they are made, and the first one is never empty by default.
+        const auto byNumber = [](const QString &left, const QString &right) {
+            return left.toInt() < right.toInt();
+        };
+        const QString first = *std::ranges::min_element(all, byNumber);
+        QCOMPARE(categories.count(first), count);
+    }
+}
+
 void GeneratorTest::testSizeTexts_data()
 {
     QTest::addColumn<int>("tenths");
@@ -253,7 +271,7 @@ void GeneratorTest::testLargestCatalogue()
     const Scratch own;
     GenerateCatalogue(own.File(), {32767, 1, {}, {}});
     const QByteArray bytes = own.Bytes();
-    QVERIFY2(bytes.size() > 22'000'000 && bytes.size() < 28'000'000,
+    QVERIFY2(bytes.size() > 22'000'000 && bytes.size() < 30'000'000,
              qPrintable(QString::number(bytes.size())));
     QCOMPARE(LoadedTable(own.File(), "products_global").rows.rbegin()->first, 32767);
     QCOMPARE(LoadedTable(own.File(), "categories").rows.size(), std::size_t{400});
@@ -271,6 +289,8 @@ void GeneratorTest::testRefusesNumbersOutOfRange()
         QVERIFY_THROWS_EXCEPTION(CatalogueError, Generated({products, 1, {}, {}}));
     QVERIFY_THROWS_EXCEPTION(CatalogueError, Generated({1, 1, 0, {}}));
     QVERIFY_THROWS_EXCEPTION(CatalogueError, Generated({1, 1, {}, -1}));
+    for (const int count : {-1, 31})
+        QVERIFY_THROWS_EXCEPTION(CatalogueError, Generated({30, 1, {}, {}, count}));
 }
 
 void GeneratorTest::testFileThatCannotBeWrittenIsAnError()
@@ -287,14 +307,20 @@ void GeneratorTest::testCommandLine()
                           QStringLiteral("--seed"), QStringLiteral("7")}),
              0);
     QCOMPARE(own.Bytes(), scratch.Bytes());
+
+    const QString line = QStringLiteral("%1 --products 700 --seed 7 --categories 20 --references 11"
+                                        " --first-category 250");
+    QCOMPARE(RunGenerate(line.arg(file).split(QLatin1Char(' '))), 0);
+    QCOMPARE(own.Bytes(), Generated({productCount, 7, 20, 11, 250}));
 }
 
 void GeneratorTest::testWrongCommandLines_data()
 {
     QTest::addColumn<QString>("line");
-    for (const char *line : {"", "a.db", "--products 5", "a.db --products", "a.db --products x",
-                             "a.db --products 5 --seed", "a.db --products 5 --seed -1",
-                             "a.db b.db --products 5", "a.db --products 5 --sets 3"})
+    for (const char *line :
+         {"", "a.db", "--products 5", "a.db --products", "a.db --products x",
+          "a.db --products 5 --seed", "a.db --products 5 --seed -1", "a.db b.db --products 5",
+          "a.db --products 5 --sets 3", "a.db --products 5 --categories"})
         QTest::newRow(*line ? line : "nothing") << QString::fromLatin1(line);
 }
 
