@@ -18,6 +18,16 @@ constexpr QLatin1String Currency("&nbsp;EUR");
 
 constexpr QLatin1String ChooseAnother("Choose another price list.");
 
+/// The lines of the file, whose name stands in the messages as `fileName`.
+QStringList LinesOf(const QString &path, const QString &fileName)
+{
+    try {
+        return ReadTextLines(path, ChooseAnother);
+    } catch (const FileError &error) {
+        throw FileError(error.Message(), {QStringLiteral("errorPriceList"), {fileName}});
+    }
+}
+
 QString WithoutBlanks(QString artNr)
 {
     return artNr.remove(QLatin1Char(' '));
@@ -47,7 +57,8 @@ QString PriceList::LoadPriceListAtStart()
 void PriceList::LoadPriceList(const QString &path)
 {
     QHash<QString, QString> &table = prices.emplace();
-    const QStringList lines = ReadTextLines(path, ChooseAnother);
+    const QString fileName = QDir::toNativeSeparators(path);
+    const QStringList lines = LinesOf(path, fileName);
     for (const QString &line : lines) {
         const QStringList fields = line.split(QLatin1Char('\t'));
         if (fields.size() != 2)
@@ -56,7 +67,8 @@ void PriceList::LoadPriceList(const QString &path)
         if (table.contains(artNr))
             throw DuplicateKeyError(
                 QStringLiteral("The price list \"%1\" holds the article number \"%2\" twice. %3")
-                    .arg(QDir::toNativeSeparators(path), fields[0], ChooseAnother));
+                    .arg(fileName, fields[0], ChooseAnother),
+                {QStringLiteral("errorPriceListTwice"), {fileName, fields[0]}});
         table.insert(artNr, fields[1]);
     }
     registry.RegSetString(SettingsKey, PathSetting, path);

@@ -15,6 +15,28 @@ private Q_SLOTS:
         QCOMPARE(FileError(message).Message(), message);
     }
 
+    void testMessageInTheLanguageOfTheTexts()
+    {
+        const FileError error(
+            QStringLiteral("The list a {1} is empty."),
+            {QStringLiteral("errorList"), {QStringLiteral("a {1}"), QStringLiteral("leer")}});
+        QString text = QStringLiteral("{1} {x} {2} {} {0}{0} {");
+        const auto getText = [&text](const QString &key) {
+            return key == QLatin1String("errorList") ? text : QString();
+        };
+        QCOMPARE(error.MessageIn(getText), QStringLiteral("leer {x} {2} {} a {1}a {1} {"));
+        QCOMPARE(error.Message(), QStringLiteral("The list a {1} is empty."));
+        text.clear();
+        QCOMPARE(error.MessageIn(getText), error.Message());
+    }
+
+    void testErrorWithoutAKeyIsEnglishInEveryLanguage()
+    {
+        const auto getText = [](const QString &) { return QStringLiteral("text of no key"); };
+        QCOMPARE(OverflowError(QStringLiteral("It is full.")).MessageIn(getText),
+                 QStringLiteral("It is full."));
+    }
+
     void testFamilyIsCaughtAsOne()
     {
         QVERIFY_THROWS_EXCEPTION(CatalogueError, throw ConversionError(QString()));

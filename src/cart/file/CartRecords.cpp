@@ -75,7 +75,9 @@ ShoppingCartItemList::Item CartRecords::ItemOf(const QString &line) const
     if (fields.size() < FieldCount)
         throw SubscriptError(
             QStringLiteral("%1 has fewer than %2 fields parted by \";\": \"%3\". %4")
-                .arg(Place(), QString::number(FieldCount), Quote(line), Advice));
+                .arg(Place(), QString::number(FieldCount), Quote(line), Advice),
+            {QStringLiteral("errorCartFields"),
+             {QString::number(lineNumber), fileName, Quote(line)}});
     auto item = std::make_shared<clsShoppingCartItem>();
     item->Id = fields[0];
     item->ArtNr = fields[1];
@@ -87,7 +89,9 @@ ShoppingCartItemList::Item CartRecords::ItemOf(const QString &line) const
         throw ConversionError(
             QStringLiteral(
                 "%1 has the amount \"%2\", which is no whole number from -32768 to 32767. %3")
-                .arg(Place(), Quote(fields[3]), Advice));
+                .arg(Place(), Quote(fields[3]), Advice),
+            {QStringLiteral("errorCartAmount"),
+             {QString::number(lineNumber), fileName, Quote(fields[3])}});
     }
     return item;
 }

@@ -28,6 +28,14 @@ QByteArrayView WithoutLineEnd(const QByteArray &line)
     return text;
 }
 
+/// `message` takes the file's name and the reason, as does the text of `key`.
+FileError Failure(const QString &message, const char *key, const QFileDevice &file)
+{
+    const QString fileName = QDir::toNativeSeparators(file.fileName());
+    return FileError(message.arg(fileName, file.errorString()),
+                     {QLatin1String(key), {fileName, file.errorString()}});
+}
+
 } // namespace
 
 void Save(const clsShoppingCart &cart, const QString &path)
@@ -39,9 +47,9 @@ void Save(const clsShoppingCart &cart, const QString &path)
     const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() &&
                            file.flush() && file.commit();
     if (!isWritten)
-        throw FileError(QStringLiteral("The shopping cart cannot be saved as \"%1\" (%2). Save it "
-                                       "in another folder or under another name.")
-                            .arg(QDir::toNativeSeparators(path), file.errorString()));
+        throw Failure(QStringLiteral("The shopping cart cannot be saved as \"%1\" (%2). Save it in "
+                                     "another folder or under another name."),
+                      "errorCartSave", file);
     if (CodePage::FromBytes(bytes) != text)
         qCWarning(lcCart) << "Characters outside the code page were saved as '?' in" << path;
 }
@@ -52,9 +60,9 @@ void Load(const QString &path, clsShoppingCart &cart)
     QFile file(path);
     // Opened first: a file that cannot be opened must not cost the user the present cart.
     if (!file.open(QIODevice::ReadOnly))
-        throw FileError(QStringLiteral("The shopping cart file \"%1\" cannot be opened (%2). The "
-                                       "shopping cart has not changed.")
-                            .arg(fileName, file.errorString()));
+        throw Failure(QStringLiteral("The shopping cart file \"%1\" cannot be opened (%2). The "
+                                     "shopping cart has not changed."),
+                      "errorCartOpen", file);
     cart.Clear();
     CartRecords records(fileName, cart);
     while (!file.atEnd()) {
@@ -64,9 +72,10 @@ void Load(const QString &path, clsShoppingCart &cart)
         records.TakeLine(CodePage::FromBytes(WithoutLineEnd(line)));
     }
     if (file.error() != QFileDevice::NoError)
-        throw FileError(QStringLiteral("The shopping cart file \"%1\" cannot be read to its end "
-                                       "(%2). The shopping cart holds what was read before.")
-                            .arg(fileName, file.errorString()));
+        throw Failure(
+            QStringLiteral("The shopping cart file \"%1\" cannot be read to its end (%2). "
+                           "The shopping cart holds what was read before."),
+            "errorCartRead", file);
     if (records.IsInsideRecord())
         qCWarning(lcCart) << "The last item of" << fileName
                           << "is left out: no empty line follows it";

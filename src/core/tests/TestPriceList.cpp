@@ -1,7 +1,9 @@
 #include "base/Errors.h"
+#include "base/tests/TranslatedErrors.h"
 #include "core/PriceList.h"
 #include "core/Registry.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -154,6 +156,18 @@ private Q_SLOTS:
         QCOMPARE(prices.GetPrice(QStringLiteral("B")), QStringLiteral("2&nbsp;EUR"));
         QCOMPARE(prices.GetPrice(QStringLiteral("C")), QString());
         QCOMPARE(StoredPath(), QString());
+    }
+
+    void testTranslatedMessagesNameTheFileAndTheNumber()
+    {
+        PriceList prices(*registry);
+        const QString path = Write("A 1\t1\r\nA1\t3\r\n");
+        const auto load = [&] { return KeyAndValuesOfError([&] { prices.LoadPriceList(path); }); };
+        QCOMPARE(load(), QLatin1String("errorPriceListTwice|") + QDir::toNativeSeparators(path) +
+                             QLatin1String("|A1|{2}"));
+        QCOMPARE(Write(QByteArray()), path);
+        QCOMPARE(load(), QLatin1String("errorPriceList|") + QDir::toNativeSeparators(path) +
+                             QLatin1String("|{1}|{2}"));
     }
 
     void testArticleNumberWithoutAPriceIsInTheListAllTheSame()

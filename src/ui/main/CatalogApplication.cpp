@@ -1,11 +1,14 @@
 #include "ui/main/CatalogApplication.h"
 
+#include "about/ProgramInfo.h"
 #include "base/Errors.h"
 
 #include <QLoggingCategory>
 #include <QMessageBox>
 #include <QScopeGuard>
 #include <QTimer>
+
+#include <utility>
 
 namespace Tesk {
 
@@ -18,7 +21,13 @@ Q_LOGGING_CATEGORY(applicationLog, "tesk.application")
 CatalogApplication::CatalogApplication(int &argc, char **argv)
     : QApplication(argc, argv)
 {
-    setApplicationName(QStringLiteral("tesk-catalog"));
+    // The name stands in for missing titles; no lasting path is made of it.
+    setApplicationName(ProgramInfo::Title);
+}
+
+void CatalogApplication::SetTextLookup(std::function<QString(const QString &key)> getText)
+{
+    textLookup = std::move(getText);
 }
 
 bool CatalogApplication::notify(QObject *receiver, QEvent *event)
@@ -26,19 +35,20 @@ bool CatalogApplication::notify(QObject *receiver, QEvent *event)
     try {
         return QApplication::notify(receiver, event);
     } catch (const CatalogueError &error) {
-        ShowError(error.Message());
+        ShowError(error);
     } catch (const std::exception &error) {
-        ShowError(QString::fromUtf8(error.what()));
+        ShowError(CatalogueError(QString::fromUtf8(error.what())));
     }
     return true;
 }
 
-void CatalogApplication::ShowError(const QString &message)
+void CatalogApplication::ShowError(const CatalogueError &error)
 {
-    qCWarning(applicationLog).noquote() << message;
+    qCWarning(applicationLog).noquote() << error.Message();
     if (isShowingError)
         return;
     isShowingError = true;
+    const QString message = textLookup ? error.MessageIn(textLookup) : error.Message();
     // The box runs an event loop of its own; it opens once the failed event has been left.
     QTimer::singleShot(0, this, [this, message] {
         const QScopeGuard guard([this] { isShowingError = false; });

@@ -1,11 +1,17 @@
 #pragma once
 
 #include <QApplication>
+#include <QString>
+
+#include <functional>
 
 namespace Tesk {
 
+class CatalogueError;
+
 /// The application, with the one handler around the event loop for errors that nothing on their way
-/// caught: a message box names the error and the program goes on.
+/// caught: a message box names the error and the program goes on. Windows without a title of their
+/// own, such as message boxes, show the program's.
 class CatalogApplication final : public QApplication
 {
     Q_OBJECT
@@ -13,11 +19,16 @@ class CatalogApplication final : public QApplication
 public:
     CatalogApplication(int &argc, char **argv);
 
+    /// From now on errors are shown in the language of `getText`, which gives the text of a key.
+    /// Without one they are in English.
+    void SetTextLookup(std::function<QString(const QString &key)> getText);
+
     bool notify(QObject *receiver, QEvent *event) override;
 
 private:
-    void ShowError(const QString &message);
+    void ShowError(const CatalogueError &error);
 
+    std::function<QString(const QString &)> textLookup;
     bool isShowingError = false;
 };
 

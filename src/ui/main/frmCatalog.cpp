@@ -1,5 +1,6 @@
 #include "ui/main/frmCatalog.h"
 
+#include "about/ProgramInfo.h"
 #include "base/CodePage.h"
 #include "base/Errors.h"
 #include "browser/PagePrinter.h"
@@ -9,6 +10,7 @@
 #include "core/Controller.h"
 #include "search/SearchDetail.h"
 #include "ui/main/CartRequest.h"
+#include "ui/main/CatalogApplication.h"
 #include "ui/main/CategoryTreeView.h"
 #include "ui/main/FastSearch.h"
 #include "ui/main/HeaderBand.h"
@@ -37,8 +39,6 @@ namespace Tesk {
 
 namespace {
 
-const QLatin1String WindowTitle{"Tesk Instruments Catalog"};
-
 const QLatin1String CategoryPage{"category_list.html?id="};
 const QLatin1String ListPage{"product_list.html?firstItem=1&id="};
 const QLatin1String DetailsPage{"product_details.html?id="};
@@ -61,7 +61,7 @@ frmCatalog::frmCatalog(Controller &controller, const ContactServices &contactSer
     : controller(controller)
     , builder(controller)
 {
-    setWindowTitle(WindowTitle);
+    setWindowTitle(ProgramInfo::Title);
     LayOut(*this, {controller, builder, contactServices, profile});
     menuCommands = new MenuCommands(*menus, controller, contactServices, this);
     protocol = std::make_unique<PageProtocol>(PageProtocol::Parts{
@@ -72,13 +72,20 @@ frmCatalog::frmCatalog(Controller &controller, const ContactServices &contactSer
     ConnectControls();
     ConnectNavigation();
     ConnectCart();
+    ConnectPrinting();
     ConnectKeys();
     ConnectZoom();
     setMinimumSize(LeastSize);
     resize(PreferredSize.boundedTo(screen()->availableSize() - FrameSize));
+    if (auto *const application = qobject_cast<CatalogApplication *>(qApp))
+        application->SetTextLookup(contactServices.getText);
 }
 
-frmCatalog::~frmCatalog() = default;
+frmCatalog::~frmCatalog()
+{
+    if (auto *const application = qobject_cast<CatalogApplication *>(qApp))
+        application->SetTextLookup({});
+}
 
 void frmCatalog::ConnectControls()
 {
@@ -95,7 +102,6 @@ void frmCatalog::ConnectControls()
         connect(header->btnLang[static_cast<size_t>(i)], &QAbstractButton::clicked, this, select);
         connect(menus->mLanguageSelect[static_cast<size_t>(i)], &QAction::triggered, this, select);
     }
-    connect(menus->mPrint, &QAction::triggered, this, &frmCatalog::Print);
     connect(menuCommands, &MenuCommands::PriceListLoaded, this, &frmCatalog::ReloadPage);
 }
 
@@ -137,6 +143,17 @@ void frmCatalog::ConnectCart()
     connect(menuCommands, &MenuCommands::ContactDone, this, [this](bool isForPrinting) {
         ShowCartTab();
         ucShoppingCart->ExtContactCall(isForPrinting);
+    });
+}
+
+void frmCatalog::ConnectPrinting()
+{
+    connect(menus->mPrint, &QAction::triggered, this, &frmCatalog::Print);
+    connect(pagePrinter, &PagePrinter::Finished, this, [](bool isPrinted) {
+        if (!isPrinted)
+            throw CatalogueError(QStringLiteral("The page was not printed. Check the printer, or "
+                                                "print into a file in another folder."),
+                                 {QStringLiteral("errorPrint"), {}});
     });
 }
 
@@ -189,7 +206,7 @@ void frmCatalog::ApplyGuiTexts()
 {
     const LanguageSupport &languages = controller.Languages();
     desktopTexts.UseLanguage(languages.CurrentCode());
-    setWindowTitle(WindowTitle + QLatin1String(" | Version ") + ReadVersion());
+    setWindowTitle(ProgramInfo::Title + QLatin1String(" | Version ") + ReadVersion());
     menus->ApplyGuiTexts(languages);
     header->ApplyGuiTexts(languages, controller.GetUnit());
     ApplyCaptions(controller);

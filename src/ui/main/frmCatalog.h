@@ -72,6 +72,8 @@ protected:
 private:
     void ConnectControls();
     void ConnectNavigation();
+    void ConnectCart();
+    void ConnectPrinting();
     void ConnectKeys();
     void ConnectZoom();
     void MarkNavEntry(const CategoryNode *node);
@@ -86,7 +88,6 @@ private:
     void SelectTab(Tab tab);
     void SelectLanguage(int index);
     void SelectUnit(int index);
-    void ConnectCart();
     void Print();
     void ReloadPage();
     QString ReadVersion() const;

@@ -1,4 +1,5 @@
 #include "base/Errors.h"
+#include "base/tests/TranslatedErrors.h"
 #include "cart/file/ShoppingCartFile.h"
 #include "cart/file/tests/CartFiles.h"
 
@@ -40,6 +41,7 @@ private Q_SLOTS:
     void testMessageNamesFileLineAndText();
     void testMessageNamesTheAmount();
     void testMessageOfALongLineIsShort();
+    void testTranslatedMessagesNameTheSame();
     void testFileIsClosedAfterAnError();
     void testFileThatCannotBeOpenedLeavesTheCart_data();
     void testFileThatCannotBeOpenedLeavesTheCart();
@@ -147,6 +149,26 @@ void TestCartFileErrors::testMessageOfALongLineIsShort()
     const QString message = ErrorOf<SubscriptError>(QByteArray(1000000, 'x'));
     QVERIFY(!message.isEmpty());
     QVERIFY(message.size() < 500);
+}
+
+void TestCartFileErrors::testTranslatedMessagesNameTheSame()
+{
+    const QString fileName = QDir::toNativeSeparators(path);
+    const auto load = [this](const QByteArray &bytes) {
+        return KeyAndValuesOfError([&] {
+            WriteBytes(path, bytes);
+            ShoppingCartFile::Load(path, cart);
+        });
+    };
+    QCOMPARE(load(GoodRecord + "5;A-1;Clamp;2"),
+             QStringList({Text("errorCartFields"), Text("3"), fileName, Text("5;A-1;Clamp;2")})
+                 .join(u'|'));
+    QCOMPARE(load(GoodRecord + "5;A-1;Clamp;many;\r\n"),
+             QStringList({Text("errorCartAmount"), Text("3"), fileName, Text("many")}).join(u'|'));
+    QVERIFY(QFile::remove(path));
+    QVERIFY(KeyAndValuesOfError([this] {
+                ShoppingCartFile::Load(path, cart);
+            }).startsWith(Text("errorCartOpen|") + fileName + u'|'));
 }
 
 void TestCartFileErrors::testFileIsClosedAfterAnError()

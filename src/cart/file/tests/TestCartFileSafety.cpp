@@ -1,5 +1,6 @@
 #include "base/Errors.h"
 #include "base/tests/FileSizeLimit.h"
+#include "base/tests/TranslatedErrors.h"
 #include "cart/file/ShoppingCartFile.h"
 #include "cart/file/tests/CartFiles.h"
 
@@ -173,6 +174,9 @@ void TestCartFileSafety::testFolderOfThatNameIsAnError()
 {
     QVERIFY(QDir().mkdir(path));
     QVERIFY(SaveError().contains(QDir::toNativeSeparators(path)));
+    QVERIFY(KeyAndValuesOfError([this] {
+                ShoppingCartFile::Save(cart, path);
+            }).startsWith(Text("errorCartSave|") + QDir::toNativeSeparators(path) + u'|'));
 }
 
 void TestCartFileSafety::testMissingFolderIsAnError()

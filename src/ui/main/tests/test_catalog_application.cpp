@@ -1,4 +1,5 @@
 #include "base/Errors.h"
+#include "support/WaitUntil.h"
 #include "ui/main/CatalogApplication.h"
 
 #include <QMessageBox>
@@ -80,6 +81,31 @@ private Q_SLOTS:
         ExpectLogLine(QStringLiteral("no room left"));
         QTimer::singleShot(0, this, [] { throw std::runtime_error("no room left"); });
         QTRY_COMPARE(boxes.seen, QList<QStringList>({{QStringLiteral("no room left")}}));
+    }
+
+    void testErrorIsShownInTheLanguageAndLoggedInEnglish()
+    {
+        auto *const application = qobject_cast<CatalogApplication *>(qApp);
+        application->SetTextLookup([](const QString &key) {
+            return key == QLatin1String("errorFull") ? QStringLiteral("{0} ist voll.") : QString();
+        });
+        const auto tellAfter = [this](const ErrorText &text) {
+            const BoxReader boxes;
+            ExpectLogLine(Message);
+            QTimer::singleShot(0, this, [text] { throw OverflowError(Message, text); });
+            (void)WaitUntil([&] { return !boxes.seen.isEmpty(); });
+            return boxes.seen.value(0);
+        };
+        const ErrorText full{QStringLiteral("errorFull"), {QStringLiteral("Der Korb")}};
+        QCOMPARE(tellAfter(full), QStringList(QStringLiteral("Der Korb ist voll.")));
+        QCOMPARE(tellAfter({QStringLiteral("errorOther"), {}}), QStringList(Message));
+        application->SetTextLookup({});
+        QCOMPARE(tellAfter(full), QStringList(Message));
+    }
+
+    void testWindowsWithoutATitleShowTheProgramsTitle()
+    {
+        QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("Tesk Instruments Catalog"));
     }
 
     void testErrorsAtATimeShowOneBox()

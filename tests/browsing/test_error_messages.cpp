@@ -1,0 +1,147 @@
+#include "support/CartTab.h"
+#include "support/CatalogueWindow.h"
+#include "support/Dialogs.h"
+#include "support/EngineTest.h"
+#include "support/SampleCatalogue.h"
+#include "ui/main/MainMenu.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Tesk;
+
+namespace {
+
+/// The text of the key in the window's language, the values in the places of its marks.
+QString Text(CatalogueWindow &catalogue, const char *key, const QStringList &values)
+{
+    QString text = catalogue.GetController().GetText(QLatin1String(key));
+    for (qsizetype i = 0; i < values.size(); ++i)
+        text.replace(QStringLiteral("{%1}").arg(i), values[i]);
+    return text;
+}
+
+} // namespace
+
+/// What goes wrong with the user's files and printer is told in his language.
+class TestErrorMessages final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void testPriceListThatIsEmpty_data() { AddLanguages(); }
+
+    void testPriceListThatIsEmpty()
+    {
+        const QString list = File("prices.txt", "");
+        QFETCH(const QString, language);
+        CatalogueWindow catalogue(SampleCatalogue, language);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        const MainMenu &menus = *catalogue.Window().menus;
+        QString message;
+        QVERIFY(CatalogueWindow::AnswerDialogs(
+            [&] { ChooseFromMenu(catalogue, menus.mFile, menus.mLoadPriceList); },
+            {ChooseFile(list), PressButton(QMessageBox::Ok, &message)}));
+        QFETCH(const QString, word);
+        QVERIFY2(message.contains(word), qPrintable(message));
+        QCOMPARE(message, Text(catalogue, "errorPriceList", {list}));
+    }
+
+    void testCartFileWithAFaultyLine_data() { AddLanguages(); }
+
+    void testCartFileWithAFaultyLine()
+    {
+        const QString file = File("bad.csv", "1;A-1;Clamp;2;\r\n\r\n5;A-3;Hook;2\r\n\r\n");
+        QFETCH(const QString, language);
+        CatalogueWindow catalogue(SampleCatalogue, language);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        CartTab cart(catalogue);
+        QVERIFY(cart.Open());
+        QString message;
+        QVERIFY(CatalogueWindow::AnswerDialogs(
+            [&] { cart.Press("btnLoad"); },
+            {ChooseFile(file), PressButton(QMessageBox::Ok, &message)}));
+        QFETCH(const QString, cartWord);
+        QVERIFY2(message.contains(cartWord), qPrintable(message));
+        QCOMPARE(message, Text(catalogue, "errorCartFields",
+                               {QStringLiteral("3"), file, QStringLiteral("5;A-3;Hook;2")}));
+        QVERIFY(cart.WaitForLines({QStringLiteral("A-1|Clamp|2")}));
+    }
+
+    void testCartThatCannotBeSaved()
+    {
+        const QString file = folder.filePath(QStringLiteral("taken.csv"));
+        QVERIFY(QDir().mkdir(file));
+        CatalogueWindow catalogue(SampleCatalogue, QStringLiteral("German"));
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        catalogue.GetController().AddProductToCart(2, 7, QString());
+        CartTab cart(catalogue);
+        QVERIFY(cart.Open());
+        QString message;
+        // The name is completed to that of the folder only once the dialog has closed.
+        QVERIFY(CatalogueWindow::AnswerDialogs(
+            [&] { cart.Press("btnSave"); }, {ChooseFile(folder.filePath(QStringLiteral("taken"))),
+                                             PressButton(QMessageBox::Ok, &message)}));
+        QVERIFY2(message.contains(file), qPrintable(message));
+        QVERIFY2(message.startsWith(
+                     catalogue.GetController().GetText(QStringLiteral("errorCartSave")).section(
+                         u'{', 0, 0)),
+                 qPrintable(message));
+        QVERIFY2(!message.contains(u'{'), qPrintable(message));
+    }
+
+    void testPageThatCannotBePrinted()
+    {
+        CatalogueWindow catalogue(SampleCatalogue, QStringLiteral("Italian"));
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        const MainMenu &menus = *catalogue.Window().menus;
+        QDir place(folder.filePath(QStringLiteral("stick")));
+        QVERIFY(place.mkpath(QStringLiteral(".")));
+        QString message;
+        QVERIFY(CatalogueWindow::AnswerDialogs(
+            [&] { ChooseFromMenu(catalogue, menus.mFile, menus.mPrint); },
+            {[&](QWidget *dialog) {
+                 PrintInto(place.filePath(QStringLiteral("page.pdf")))(dialog);
+                 // The dialog has tried the file; then the stick is pulled out.
+                 QVERIFY(place.removeRecursively());
+             },
+             PressButton(QMessageBox::Ok, &message)}));
+        QCOMPARE(message, Text(catalogue, "errorPrint", {}));
+        QVERIFY(message.contains(QLatin1String("stampante")));
+    }
+
+private:
+    static void AddLanguages()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("word");
+        QTest::addColumn<QString>("cartWord");
+        const auto add = [](const char *language, const char *word, const char *cartWord) {
+            QTest::newRow(language) << QString::fromLatin1(language) << QString::fromUtf8(word)
+                                    << QString::fromUtf8(cartWord);
+        };
+        add("German", "Preisliste", "Warenkorb");
+        add("English", "price list", "shopping cart");
+        add("French", "liste de prix", "panier");
+        add("Spanish", "lista de precios", "carrito");
+        add("Italian", "listino prezzi", "carrello");
+    }
+
+    QString File(const char *name, const QByteArray &bytes) const
+    {
+        QFile file(folder.filePath(QLatin1String(name)));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("the test's file cannot be written");
+        return file.fileName();
+    }
+
+    QTemporaryDir folder;
+};
+
+int main(int argc, char **argv)
+{
+    return RunEngineTest<TestErrorMessages>(argc, argv);
+}
+#include "test_error_messages.moc"
