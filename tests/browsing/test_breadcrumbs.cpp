@@ -3,6 +3,7 @@
 #include "support/CatalogueWindow.h"
 #include "support/EngineTest.h"
 #include "support/SampleCatalogue.h"
+#include "support/SearchForm.h"
 #include "support/ShownPage.h"
 #include "support/UserActions.h"
 #include "support/WaitUntil.h"
@@ -11,6 +12,8 @@
 #include "ui/main/controls/NavEntry.h"
 #include "ui/main/controls/NavLeft.h"
 
+#include <QAbstractButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 
@@ -77,9 +80,7 @@ private Q_SLOTS:
     void testCrumbWithoutLinkDoesNothing()
     {
         frmCatalog &window = catalogue->Window();
-        NavEntry *const search = window.ucNavLeft->findChildren<NavEntry *>().last();
-        QVERIFY(TurnWheelTo(window.ucNavLeft, search));
-        ClickOn(search);
+        OpenSearchForm();
         QCOMPARE(window.tabMain->currentIndex(), int(frmCatalog::SearchTab));
         QCOMPARE(Captions(),
                  QStringList({QStringLiteral("tesk-shop"), QStringLiteral("Detailsuche")}));
@@ -96,6 +97,63 @@ private Q_SLOTS:
         ClickOn(Shown()[0]);
         QCOMPARE(window.tabMain->currentIndex(), int(frmCatalog::ProductsTab));
         QVERIFY(WaitUntil([&] { return Captions().size() == 1; }));
+    }
+
+    void testLeavingTheSearchFormTellsOfThePageAgain_data()
+    {
+        QTest::addColumn<int>("tab");
+        QTest::newRow("products") << int(frmCatalog::ProductsTab);
+        QTest::newRow("categories") << int(frmCatalog::CategoriesTab);
+        QTest::newRow("cart") << int(frmCatalog::CartTab);
+    }
+
+    void testLeavingTheSearchFormTellsOfThePageAgain()
+    {
+        QFETCH(const int, tab);
+        const CategoryNode *const leaf = DeepLeaf();
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickInTree(*catalogue, leaf); }));
+        const QStringList captions = Captions();
+        const QString mark = leaf->SecondLevelAncestor()->tag;
+        QCOMPARE(MarkedTags(), QStringList{mark});
+        for (int round = 0; round < 2; ++round) {
+            OpenSearchForm();
+            QCOMPARE(Captions().last(), QStringLiteral("Detailsuche"));
+            QCOMPARE(MarkedTags(), QStringList{QStringLiteral("searchDetail")});
+            ClickOnTab(tab);
+            QCOMPARE(Captions(), captions);
+            QCOMPARE(MarkedTags(), QStringList{mark});
+        }
+        // Chosen by its tab, the form leaves everything as it is.
+        ClickOnTab(frmCatalog::SearchTab);
+        QCOMPARE(Captions(), captions);
+        QCOMPARE(MarkedTags(), QStringList{mark});
+    }
+
+    void testSearchFormLeftForTheWelcomePageMarksNothing()
+    {
+        OpenSearchForm();
+        ClickOnTab(frmCatalog::ProductsTab);
+        QCOMPARE(Captions(), QStringList{QStringLiteral("tesk-shop")});
+        QCOMPARE(MarkedTags(), QStringList());
+    }
+
+    void testWayBackToTheSearchFormAndOutOfIt()
+    {
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickInTree(*catalogue, DeepLeaf()); }));
+        SearchForm form(*catalogue);
+        form.Open();
+        form.Fill({.description = QStringLiteral("metzenbaum")});
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { form.Submit(); }));
+        QCOMPARE(Captions(), QStringList{QStringLiteral("tesk-shop")});
+        QCOMPARE(MarkedTags(), QStringList());
+        ClickOn(ButtonOfScroller(*catalogue, "btnBack"));
+        QCOMPARE(catalogue->Window().tabMain->currentIndex(), int(frmCatalog::SearchTab));
+        QCOMPARE(Captions().last(), QStringLiteral("Detailsuche"));
+        QCOMPARE(MarkedTags(), QStringList{QStringLiteral("searchDetail")});
+        // The hits are still the page shown.
+        ClickOnTab(frmCatalog::ProductsTab);
+        QCOMPARE(Captions(), QStringList{QStringLiteral("tesk-shop")});
+        QCOMPARE(MarkedTags(), QStringList());
     }
 
     void testKeysPressACrumb()
@@ -130,6 +188,33 @@ private:
                 return node.get();
         }
         return nullptr;
+    }
+
+    /// By the last entry of the left menu.
+    void OpenSearchForm()
+    {
+        NavLeft *const menu = catalogue->Window().ucNavLeft;
+        NavEntry *const search = menu->findChildren<NavEntry *>().last();
+        QVERIFY(TurnWheelTo(menu, search));
+        ClickOn(search);
+    }
+
+    void ClickOnTab(int tab)
+    {
+        QTabBar *const tabs = catalogue->Window().tabMain->tabBar();
+        ClickOn(tabs, tabs->tabRect(tab).center());
+        QCOMPARE(catalogue->Window().tabMain->currentIndex(), tab);
+    }
+
+    QStringList MarkedTags()
+    {
+        QStringList tags;
+        const auto entries = catalogue->Window().ucNavLeft->findChildren<NavEntry *>();
+        for (const NavEntry *const entry : entries) {
+            if (entry->IsMarked())
+                tags.append(entry->Tag());
+        }
+        return tags;
     }
 
     QList<CrumbButton *> Shown()

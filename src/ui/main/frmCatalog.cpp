@@ -19,6 +19,7 @@
 #include "ui/main/MenuCommands.h"
 #include "ui/main/PageAddress.h"
 #include "ui/main/PageProtocol.h"
+#include "ui/main/ShownPlace.h"
 #include "ui/main/WindowKeys.h"
 #include "ui/main/controls/Breadcrumb.h"
 #include "ui/main/controls/ItemScroller.h"
@@ -63,6 +64,7 @@ frmCatalog::frmCatalog(Controller &controller, const ContactServices &contactSer
 {
     setWindowTitle(ProgramInfo::Title);
     LayOut(*this, {controller, builder, contactServices, profile});
+    place = std::make_unique<ShownPlace>(*ucBreadcrumb, *ucNavLeft);
     menuCommands = new MenuCommands(*menus, controller, contactServices, this);
     protocol = std::make_unique<PageProtocol>(PageProtocol::Parts{
         controller, builder, tree, history, *wbMain, *this, pointer, *scroller});
@@ -112,7 +114,11 @@ void frmCatalog::ConnectNavigation()
     connect(scroller, &ItemScroller::OnIndexChange, this, &frmCatalog::ShowItem);
     connect(scroller, &ItemScroller::OnHistoryBack, this, &frmCatalog::GoBack);
     connect(protocol.get(), &PageProtocol::WelcomePageFilled, this,
-            [this] { ucNavLeft->selectSubCategory(QString()); });
+            [this] { place->SetMarkOfPage(QString()); });
+    connect(tabMain, &QTabWidget::currentChanged, this, [this](int tab) {
+        if (tab != SearchTab)
+            place->TellOfPage();
+    });
     connect(fastSearch, &FastSearch::NewResults, this, &frmCatalog::ShowSearchResults);
     connect(ucSearchDetail, &SearchDetail::OnNewSearchResults, this,
             [this](const ResultTable &rows) {
@@ -274,7 +280,7 @@ void frmCatalog::SelectCategory(const CategoryNode *node)
     if (currentNode != nullptr)
         TreeViewCategories->SetBold(currentNode, false);
     currentNode = nullptr;
-    ucNavLeft->selectSubCategory(QString());
+    place->SetMarkOfPage(QString());
     SetStatusText(QString());
 }
 
@@ -282,7 +288,7 @@ void frmCatalog::SelectCategory(const CategoryNode *node)
 void frmCatalog::MarkNavEntry(const CategoryNode *node)
 {
     if (const CategoryNode *const entry = node->SecondLevelAncestor())
-        ucNavLeft->selectSubCategory(entry->tag);
+        place->SetMarkOfPage(entry->tag);
 }
 
 void frmCatalog::MarkNode(const CategoryNode *node)
@@ -327,7 +333,7 @@ void frmCatalog::SelectNavEntry(const QString &id)
 void frmCatalog::ShowSearchForm()
 {
     SelectTab(SearchTab);
-    SetBreadcrumb({{SearchCrumbCaption, QString()}});
+    place->TellOfOther({HomeCrumb, {SearchCrumbCaption, QString()}}, SearchDetailTag);
     ucSearchDetail->setFocus();
 }
 
@@ -392,7 +398,7 @@ void frmCatalog::GoBack()
 
 void frmCatalog::SetBreadcrumb(const QList<Crumb> &pairs)
 {
-    ucBreadcrumb->SetList(QList<Crumb>{HomeCrumb} + pairs);
+    place->SetCrumbsOfPage(QList<Crumb>{HomeCrumb} + pairs);
 }
 
 void frmCatalog::SetStatusText(const QString &text)

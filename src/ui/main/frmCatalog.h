@@ -22,6 +22,7 @@ class FastSearch;
 class MenuCommands;
 class PagePrinter;
 class PageProtocol;
+class ShownPlace;
 struct ContactServices;
 
 /// The main window: it owns the browser, the tree, the tabs and the menus, and wires them together.
@@ -99,6 +100,7 @@ private:
     MousePointer pointer;
     DesktopTexts desktopTexts;
     const CategoryNode *currentNode = nullptr;
+    std::unique_ptr<ShownPlace> place;
     std::unique_ptr<PageProtocol> protocol;
     MenuCommands *menuCommands = nullptr;
     CartRequest *cartRequest = nullptr;
