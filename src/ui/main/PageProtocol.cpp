@@ -101,6 +101,13 @@ void PageProtocol::KeepPlace()
                     {productRows, parts.host.CurrentNode(), standaloneDetails});
 }
 
+void PageProtocol::SetSearchRows(const ResultTable &rows)
+{
+    // A category page that is being left would select its category in place of the hits.
+    LoaderTimer.stop();
+    searchRows = productRows = rows;
+}
+
 void PageProtocol::PrepareReturn(const QString &entry)
 {
     const VisitedPlace *const place = places.At(parts.history.Position());

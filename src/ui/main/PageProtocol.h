@@ -52,8 +52,9 @@ public:
     /// The product rows that list pages and the steps from product to product work on.
     const ResultTable &ProductRows() const { return productRows; }
     void SetProductRows(ResultTable rows) { productRows = std::move(rows); }
-    /// The rows of the latest search, which every list page without a category shows.
-    void SetSearchRows(const ResultTable &rows) { searchRows = productRows = rows; }
+    /// The rows of the latest search, which every list page without a category shows. The window is
+    /// about to open one.
+    void SetSearchRows(const ResultTable &rows);
 
     /// The window is about to open `entry`, which the history has gone back to: puts right what
     /// that page showed beside its address.

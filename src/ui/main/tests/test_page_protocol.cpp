@@ -128,6 +128,20 @@ private Q_SLOTS:
             12);
     }
 
+    void testPageThatIsLeftForSearchResultsIsNotFilled()
+    {
+        PageProtocol clock(PageProtocol::Parts{application->GetController(), *builder, *tree,
+                                               *history, document, host, pointer, *scroller});
+        const QSignalSpy ticks(&clock, &PageProtocol::PageFilled);
+        protocol->DocumentComplete(Page("category_list.html?id=3"));
+        protocol->SetSearchRows(ResultTable());
+        // Armed later, with the same interval.
+        clock.DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        QTRY_COMPARE(ticks.size(), 1);
+        QCOMPARE(filled->size(), 0);
+        QCOMPARE(host.clickCount, 0);
+    }
+
     void testListOfSearchResultsKeepsTheRows()
     {
         const ResultTable rows =
