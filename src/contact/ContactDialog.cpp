@@ -22,7 +22,7 @@ const QString MakersAddress = QStringLiteral("info@tesk-instruments.example");
 
 // Pixels.
 constexpr int Margin = 16;
-constexpr int LeastOpeningWidth = 784;
+constexpr int UsualOpeningWidth = 880;
 constexpr QSize WindowFrame(16, 48);
 
 } // namespace
@@ -106,7 +106,7 @@ void ContactDialog::FitToScreen()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     const QSize room = screen()->availableGeometry().size() - WindowFrame;
     const int aroundForm = layout()->sizeHint().height() - area->sizeHint().height();
-    int width = std::max(form->sizeHint().width(), LeastOpeningWidth);
+    int width = std::max(form->sizeHint().width(), UsualOpeningWidth);
     const int height = heightAt(width) + aroundForm;
     if (height > room.height())
         width += area->verticalScrollBar()->sizeHint().width();

@@ -130,6 +130,38 @@ private Q_SLOTS:
         QVERIFY(cart.Button("btnSendOrder")->isEnabled());
     }
 
+    void testAmountsOfAFileAreShownWhole_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("smallest window") << QSize(800, 560);
+        QTest::newRow("usual window") << QSize(1280, 800);
+    }
+
+    void testAmountsOfAFileAreShownWhole()
+    {
+        QFETCH(const QSize, size);
+        QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("large.csv"));
+        QVERIFY(Write(file, "1;A-1;Clamp;1200;\r\n\r\n2;A-2;Probe;32767;\r\n\r\n"
+                            "3;A-3;Hook;-32768;\r\n\r\n"));
+        CatalogueWindow catalogue(SampleCatalogue);
+        catalogue.Window().resize(size);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        CartTab cart(catalogue);
+        QVERIFY(cart.Open());
+        QVERIFY(CatalogueWindow::AnswerDialogs([&] { cart.Press("btnLoad"); }, {ChooseFile(file)}));
+        QVERIFY(
+            cart.WaitForLines({QStringLiteral("A-1|Clamp|1200"), QStringLiteral("A-2|Probe|32767"),
+                               QStringLiteral("A-3|Hook|-32768")}));
+        QCOMPARE(cart.Page().Evaluate(QStringLiteral(
+                     "[...document.querySelectorAll('input.amountField')]"
+                     ".filter(field => field.scrollWidth > field.clientWidth).length")),
+                 QVariant(0));
+        QCOMPARE(cart.Page().Evaluate(
+                     QStringLiteral("document.documentElement.scrollWidth <= innerWidth")),
+                 QVariant(true));
+    }
+
     void testCancelledLoadKeepsTheCart()
     {
         CatalogueWindow catalogue(SampleCatalogue);

@@ -85,9 +85,9 @@ private Q_SLOTS:
             [&] { cart.Press("btnSave"); }, {ChooseFile(folder.filePath(QStringLiteral("taken"))),
                                              PressButton(QMessageBox::Ok, &message)}));
         QVERIFY2(message.contains(file), qPrintable(message));
-        QVERIFY2(message.startsWith(
-                     catalogue.GetController().GetText(QStringLiteral("errorCartSave")).section(
-                         u'{', 0, 0)),
+        QVERIFY2(message.startsWith(catalogue.GetController()
+                                        .GetText(QStringLiteral("errorCartSave"))
+                                        .section(u'{', 0, 0)),
                  qPrintable(message));
         QVERIFY2(!message.contains(u'{'), qPrintable(message));
     }
