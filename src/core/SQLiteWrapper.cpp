@@ -40,6 +40,7 @@ class SQLiteWrapper::Private
 {
 public:
     QString cacheFolder;
+    QString fileName;
     Database::TableSchema schema;
     Database::CatalogueConnection catalogue;
 
@@ -77,12 +78,13 @@ SQLiteWrapper::~SQLiteWrapper() = default;
 bool SQLiteWrapper::Open(const QString &fileName, QString *errorText)
 {
     Close();
+    d->fileName = QDir::toNativeSeparators(fileName);
     QString error;
     try {
         d->Open(fileName);
     } catch (const std::exception &failure) {
         error = QStringLiteral("The catalogue %1 cannot be opened: %2.")
-                    .arg(QDir::toNativeSeparators(fileName), QString::fromUtf8(failure.what()));
+                    .arg(d->fileName, QString::fromUtf8(failure.what()));
         qCWarning(Database::log).noquote() << error;
     }
     if (errorText)
@@ -111,8 +113,8 @@ ResultTable SQLiteWrapper::GetTable(const QString &sql, QString *errorText) cons
         // A search text may be long; its beginning tells the statement.
         constexpr qsizetype longestShown = 300;
         qCWarning(Database::log).noquote()
-            << QStringLiteral("The statement gives no rows (%1): %2")
-                   .arg(error, sql.first(qMin(sql.size(), longestShown)));
+            << QStringLiteral("The statement gives no rows of the catalogue %1 (%2): %3")
+                   .arg(d->fileName, error, sql.first(qMin(sql.size(), longestShown)));
     }
     if (errorText)
         *errorText = error;

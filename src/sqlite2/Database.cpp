@@ -7,8 +7,7 @@ namespace Sqlite2 {
 
 Database::Database(std::string fileBytes, std::string_view journal)
     : file(RollBack(std::move(fileBytes), journal))
-    , claims(file.PageCount())
-    , tables(ReadSchema(file, claims))
+    , tables(ReadSchema(file))
 {}
 
 } // namespace Sqlite2

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "sqlite2/PageClaims.h"
 #include "sqlite2/PageFile.h"
 #include "sqlite2/Schema.h"
 #include "sqlite2/TableRows.h"
@@ -21,11 +20,10 @@ public:
     const std::vector<Table> &Tables() const { return tables; }
 
     /// The table's rows, as long as this object and the table live.
-    TableRows Rows(const Table &table) { return {file, claims, table}; }
+    TableRows Rows(const Table &table) const { return {file, table}; }
 
 private:
     PageFile file;
-    PageClaims claims;
     std::vector<Table> tables;
 };
 

@@ -20,6 +20,7 @@ inline constexpr std::size_t schemaVersionOffset = 60;
 inline constexpr std::size_t fileFormatOffset = 64;
 inline constexpr std::uint32_t newestFileFormat = 4;
 
+inline constexpr std::uint32_t headerPage = 1;
 inline constexpr std::uint32_t masterRootPage = 2;
 
 /// A b-tree page: right-most child (32 bits), first cell and first free block (16 bits each).
@@ -38,14 +39,25 @@ inline constexpr std::size_t cellDataSizeHigh = 9;
 inline constexpr std::size_t cellDataSizeLow = 10;
 inline constexpr std::size_t cellHeaderSize = 12;
 
+/// A free block of a b-tree page: its size and the next block (16 bits each).
+inline constexpr std::size_t freeBlockSize = 0;
+inline constexpr std::size_t freeBlockNext = 2;
+
 /// What a cell holds itself of its payload; the number of an overflow page stands behind it.
 inline constexpr std::size_t maxLocalPayload = 236;
 inline constexpr std::size_t pageNumberSize = 4;
 inline constexpr std::size_t overflowPayload = pageSize - pageNumberSize;
+/// An overflow page: the next one (32 bits, 0 for the last), then payload.
+inline constexpr std::size_t nextOverflowPage = 0;
+
+/// A page of the list of free pages: the next one, the number of pages that it lists, and these (32
+/// bits each).
+inline constexpr std::size_t freeListNext = 0;
+inline constexpr std::size_t freeListCount = 4;
+inline constexpr std::size_t freeListPages = 8;
 
 /// Cells and free blocks start at multiples of this and take a multiple of it.
 inline constexpr std::size_t alignment = 4;
-inline constexpr std::size_t maxCellsPerPage = (pageSize - pageHeaderSize) / cellHeaderSize;
 
 /// Key size and data size are numbers of 24 bits.
 inline constexpr std::size_t maxKeySize = 0xffffff;

@@ -15,7 +15,9 @@ namespace Sqlite2 {
 /// over it. The file is read whole at once; nothing is ever written.
 ///
 /// Whatever the bytes are, a call returns rows that stand in the file or throws Error: it neither
-/// reads outside the file's bytes nor runs without end. One thread at a time may use a reader.
+/// reads outside the file's bytes nor runs without end. A file is refused when any of its pages is
+/// not in its place, so a damaged byte costs no row unnoticed: at most the text that holds it is
+/// another. One thread at a time may use a reader.
 class Reader
 {
 public:

@@ -2,6 +2,7 @@
 
 #include "sqlite2/AsciiText.h"
 #include "sqlite2/Format.h"
+#include "sqlite2/PageCensus.h"
 #include "sqlite2/Record.h"
 #include "sqlite2/Statements.h"
 #include "sqlite2/TreeWalk.h"
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <charconv>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace Sqlite2 {
 
@@ -32,22 +32,35 @@ const std::string &Required(const Row &row, MasterColumn column)
     return *row[column];
 }
 
-std::uint32_t RootPage(const std::string &text, std::uint32_t pageCount)
+std::uint32_t RootPage(const std::string &text)
 {
     std::uint32_t page = 0;
     const char *const end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, page);
-    if (result.ec != std::errc() || result.ptr != end || page <= Format::masterRootPage ||
-        page > pageCount)
-        throw Error("the schema names the root page \"" + text + "\", which cannot be one");
+    if (result.ec != std::errc() || result.ptr != end)
+        throw Error("its root page is \"" + text + "\", which is no number of a page");
     return page;
+}
+
+/// The engine writes an entry's name twice, beside the statement and in it.
+void RequireSameName(const std::string &declared, const std::string &listed)
+{
+    if (declared != listed)
+        throw Error("its statement names \"" + declared + "\" and not \"" + listed + '"');
+}
+
+bool HasColumn(const Table &table, const std::string &name)
+{
+    return std::ranges::any_of(table.columns, [&name](const Column &column) {
+        return EqualIgnoringCase(column.name, name);
+    });
 }
 
 class SchemaBuilder final
 {
 public:
-    explicit SchemaBuilder(std::uint32_t filePages)
-        : pageCount(filePages)
+    explicit SchemaBuilder(PageCensus &filePages)
+        : pages(filePages)
     {}
 
     void Add(const Row &row)
@@ -74,7 +87,13 @@ public:
             if (entry == positions.end())
                 throw Error("the schema's index \"" + declaration.index.name +
                             "\" belongs to no table of the file");
-            tables[entry->second].indexes.push_back(std::move(declaration.index));
+            Table &table = tables[entry->second];
+            for (const std::string &column : declaration.index.columns) {
+                if (!HasColumn(table, column))
+                    throw Error("the schema's index \"" + declaration.index.name +
+                                "\" is of a column \"" + column + "\", which its table lacks");
+            }
+            table.indexes.push_back(std::move(declaration.index));
         }
         return std::move(tables);
     }
@@ -83,10 +102,10 @@ private:
     void AddTable(const Row &row)
     {
         Table table = ParseCreateTable(Required(row, sqlColumn)).table;
-        table.name = Required(row, nameColumn);
-        table.rootPage = RootPage(Required(row, rootColumn), pageCount);
-        if (!rootPages.insert(table.rootPage).second)
-            throw Error("its root page is another table's");
+        RequireSameName(table.name, Required(row, nameColumn));
+        RequireSameName(table.name, Required(row, tableColumn));
+        table.rootPage = RootPage(Required(row, rootColumn));
+        pages.AddTree(table.rootPage);
         if (!positions.emplace(ToUpper(table.name), tables.size()).second)
             throw Error("another table has its name");
         tables.push_back(std::move(table));
@@ -94,31 +113,35 @@ private:
 
     void AddIndex(const Row &row)
     {
+        pages.AddTree(RootPage(Required(row, rootColumn)));
         if (!row[sqlColumn])
             return;
         IndexDeclaration declaration = ParseCreateIndex(*row[sqlColumn]);
-        declaration.index.name = Required(row, nameColumn);
+        RequireSameName(declaration.index.name, Required(row, nameColumn));
         declaration.tableName = Required(row, tableColumn);
         indexes.push_back(std::move(declaration));
     }
 
-    std::uint32_t pageCount;
+    PageCensus &pages;
     std::vector<Table> tables;
     std::vector<IndexDeclaration> indexes;
     std::unordered_map<std::string, std::size_t> positions;
-    std::unordered_set<std::uint32_t> rootPages;
 };
 
 } // namespace
 
-std::vector<Table> ReadSchema(const PageFile &file, PageClaims &claims)
+std::vector<Table> ReadSchema(const PageFile &file)
 {
-    SchemaBuilder builder(file.PageCount());
-    TreeWalk walk(file, claims, Format::masterRootPage);
+    PageCensus pages(file);
+    pages.AddTree(Format::masterRootPage);
+    SchemaBuilder builder(pages);
+    TreeWalk walk(file, Format::masterRootPage);
     for (Row row; walk.Next();) {
         DecodeRecord(walk.Data(), columnCount, row);
         builder.Add(row);
     }
+    pages.AddFreeList();
+    pages.RequireAllPages();
     return builder.Take();
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "sqlite2/PageClaims.h"
 #include "sqlite2/PageFile.h"
 #include "sqlite2/Schema.h"
 
@@ -10,7 +9,8 @@ namespace Sqlite2 {
 
 /// Reads the tables and their declared indexes out of `sqlite_master`, tables in the order of their
 /// creation. Views and triggers are stepped over, as are the indexes that a constraint implies.
-/// Throws Error for a schema that it cannot read.
-std::vector<Table> ReadSchema(const PageFile &file, PageClaims &claims);
+/// Every page of the file is found in its place on the way (PageCensus). Throws Error for a schema
+/// that it cannot read and for pages that are not where they belong.
+std::vector<Table> ReadSchema(const PageFile &file);
 
 } // namespace Sqlite2

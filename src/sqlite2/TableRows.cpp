@@ -5,9 +5,9 @@
 
 namespace Sqlite2 {
 
-TableRows::TableRows(const PageFile &file, PageClaims &claims, const Table &source)
+TableRows::TableRows(const PageFile &file, const Table &source)
     : table(source)
-    , walk(file, claims, source.rootPage)
+    , walk(file, source.rootPage)
 {}
 
 bool TableRows::Next()

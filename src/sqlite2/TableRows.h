@@ -10,7 +10,7 @@ namespace Sqlite2 {
 class TableRows final
 {
 public:
-    TableRows(const PageFile &file, PageClaims &claims, const Table &source);
+    TableRows(const PageFile &file, const Table &source);
 
     /// Moves to the next row; false behind the last.
     bool Next();

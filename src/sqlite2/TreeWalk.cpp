@@ -6,11 +6,9 @@
 
 namespace Sqlite2 {
 
-TreeWalk::TreeWalk(const PageFile &pageFile, PageClaims &pageClaims, std::uint32_t treeRoot)
+TreeWalk::TreeWalk(const PageFile &pageFile, std::uint32_t treeRoot)
     : file(pageFile)
-    , claims(pageClaims)
     , rootPage(treeRoot)
-    , isUsed(pageFile.PageCount() + std::size_t{1}, false)
 {
     EnterLeftmost(rootPage);
 }
@@ -28,9 +26,7 @@ bool TreeWalk::Next()
         }
 
         const Cell cell = DecodeCell(page, position.cell);
-        if (position.cellsSeen == Format::maxCellsPerPage)
-            throw Error("page " + std::to_string(position.page) + " links its cells in a loop");
-        path.back() = {position.page, cell.next, position.cellsSeen + 1};
+        path.back().cell = cell.next;
         ReadPayload(cell);
         RequireAscendingKeys();
         if (cell.next != 0) {
@@ -42,30 +38,16 @@ bool TreeWalk::Next()
     return false;
 }
 
-void TreeWalk::Enter(std::uint32_t pageNumber)
-{
-    TakeUse(pageNumber);
-    path.push_back({pageNumber, file.Page(pageNumber).Number16(Format::firstCellOffset), 0});
-}
-
 void TreeWalk::EnterLeftmost(std::uint32_t pageNumber)
 {
     while (pageNumber != 0) {
-        Enter(pageNumber);
-        const std::uint32_t firstCell = path.back().cell;
+        const ByteView page = file.Page(pageNumber);
+        const std::uint32_t firstCell = page.Number16(Format::firstCellOffset);
+        path.push_back({pageNumber, firstCell});
         if (firstCell == 0)
             return;
-        pageNumber = DecodeCell(file.Page(pageNumber), firstCell).leftChild;
+        pageNumber = DecodeCell(page, firstCell).leftChild;
     }
-}
-
-void TreeWalk::TakeUse(std::uint32_t pageNumber)
-{
-    claims.Claim(pageNumber, rootPage);
-    if (isUsed[pageNumber])
-        throw Error("the tree of page " + std::to_string(rootPage) + " reaches page " +
-                    std::to_string(pageNumber) + " twice");
-    isUsed[pageNumber] = true;
 }
 
 void TreeWalk::ReadPayload(const Cell &cell)
@@ -75,21 +57,15 @@ void TreeWalk::ReadPayload(const Cell &cell)
     if (cell.overflowPage == 0)
         return;
 
-    // The text grows page by page, so a size that the file cannot hold reserves no memory.
     assembled.assign(cell.localPayload);
     std::uint32_t pageNumber = cell.overflowPage;
     while (assembled.size() < cell.PayloadSize()) {
-        if (pageNumber == 0)
-            throw Error("an overflow chain ends before its entry is complete");
-        TakeUse(pageNumber);
         const ByteView page = file.Page(pageNumber);
         const std::size_t missing = cell.PayloadSize() - assembled.size();
         assembled.append(
             page.Slice(Format::pageNumberSize, std::min(missing, Format::overflowPayload)));
-        pageNumber = page.Number32(0);
+        pageNumber = page.Number32(Format::nextOverflowPage);
     }
-    if (pageNumber != 0)
-        throw Error("an overflow chain goes on behind the end of its entry");
     payload = assembled;
 }
 

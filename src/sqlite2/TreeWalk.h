@@ -1,7 +1,6 @@
 #pragma once
 
 #include "sqlite2/Cell.h"
-#include "sqlite2/PageClaims.h"
 #include "sqlite2/PageFile.h"
 
 #include <cstdint>
@@ -11,12 +10,12 @@
 
 namespace Sqlite2 {
 
-/// Walks one b-tree's entries in key order. Each page is entered once and keys must ascend, so the
-/// walk ends whatever the bytes are; what cannot be right throws Error.
+/// Walks one b-tree's entries in key order; keys that do not ascend throw Error. The tree's pages
+/// are known to be sound: PageCensus has taken them.
 class TreeWalk final
 {
 public:
-    TreeWalk(const PageFile &file, PageClaims &claims, std::uint32_t rootPage);
+    TreeWalk(const PageFile &file, std::uint32_t rootPage);
 
     /// Moves to the next entry; false behind the last.
     bool Next();
@@ -31,19 +30,14 @@ private:
         std::uint32_t page;
         /// The cell to deliver next, or 0 when only the right-most child is left.
         std::uint32_t cell;
-        std::size_t cellsSeen;
     };
 
-    void Enter(std::uint32_t pageNumber);
     void EnterLeftmost(std::uint32_t pageNumber);
-    void TakeUse(std::uint32_t pageNumber);
     void ReadPayload(const Cell &cell);
     void RequireAscendingKeys();
 
     const PageFile &file;
-    PageClaims &claims;
     std::uint32_t rootPage;
-    std::vector<bool> isUsed;
     std::vector<Position> path;
     std::string assembled;
     std::string previousKey;

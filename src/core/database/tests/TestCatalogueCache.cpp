@@ -73,6 +73,7 @@ private Q_SLOTS:
     void testJournalBesideTheSourceIsNoticed();
     void testDamagedKeptFileIsMadeAnew_data();
     void testDamagedKeptFileIsMadeAnew();
+    void testNoDamagedByteOfAKeptFileIsTrusted();
     void testOtherFormatIsMadeAnew();
     void testKeptFileOfAnotherSourceIsNotUsed();
     void testTwoCataloguesAreKeptSideBySide();
@@ -215,6 +216,26 @@ void TestCatalogueCache::testDamagedKeptFileIsMadeAnew()
     WriteBytes(KeptFile(), damaged);
     QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
     QCOMPARE(BytesOf(KeptFile()), whole);
+}
+
+void TestCatalogueCache::testNoDamagedByteOfAKeptFileIsTrusted()
+{
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    const CatalogueCache cache(CacheFolder());
+    const QByteArray identity = IdentityOf(Source());
+    const QByteArray whole = BytesOf(KeptFile());
+    QFile file(KeptFile());
+    QVERIFY(file.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    const auto put = [&file](qsizetype offset, char byte) {
+        QVERIFY(file.seek(offset) && file.putChar(byte));
+    };
+    for (qsizetype i = 0; i < whole.size(); ++i) {
+        put(i, static_cast<char>(whole[i] ^ (1 << i % 8)));
+        QVERIFY2(cache.Find(Source(), identity).isEmpty(), qPrintable(QString::number(i)));
+        put(i, whole[i]);
+    }
+    qInfo("%lld cases, none trusted", static_cast<long long>(whole.size()));
+    QCOMPARE(cache.Find(Source(), identity), KeptFile());
 }
 
 void TestCatalogueCache::testOtherFormatIsMadeAnew()
