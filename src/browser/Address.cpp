@@ -118,9 +118,9 @@ QString MemberPath(const QUrl &url)
         path.remove(0, container + containerEnd.size());
     path.replace(u'\\', u'/');
     path = QDir::cleanPath(u'/' + path);
-    while (path.startsWith(QLatin1String("/..")))
+    while (path == QLatin1String("/..") || path.startsWith(QLatin1String("/../")))
         path.remove(0, 3);
-    return path;
+    return path.isEmpty() ? QStringLiteral("/") : path;
 }
 
 bool IsWhole(const QUrl &url)

@@ -116,6 +116,11 @@ private Q_SLOTS:
                                             << QStringLiteral("/Grafiken/klein/a.gif");
         QTest::newRow("steps back")
             << QStringLiteral("mk:@MSITStore:/r.chm::/Dok/../../x.gif") << QStringLiteral("/x.gif");
+        QTest::newRow("steps back alone")
+            << QStringLiteral("mk:@MSITStore:/r.chm::/../..") << QStringLiteral("/");
+        QTest::newRow("name that begins like a step back")
+            << QStringLiteral("mk:@MSITStore:/r.chm::/..a/..") + QStringLiteral("/..b/x.gif")
+            << QStringLiteral("/..b/x.gif");
         QTest::newRow("nothing") << QStringLiteral("mk:") << QStringLiteral("/");
     }
 
