@@ -52,6 +52,7 @@ PageProtocol::PageProtocol(const Parts &parts, QObject *parent)
 void PageProtocol::DocumentComplete(const QString &address)
 {
     currentUrl = address;
+    pageName.clear();
     const QString trimmed = address.trimmed();
     if (trimmed.isEmpty() || trimmed == QLatin1String("http:///")) {
         parts.pointer.SetDefault();
@@ -189,6 +190,7 @@ void PageProtocol::ShowCategoryList(const QString &id)
     }
     if (currentNode == nullptr)
         throw SubscriptError(QStringLiteral("There is no category with the id \"%1\".").arg(id));
+    pageName = currentNode->text;
     parts.scroller.DisableScroller();
     parts.builder.WriteCategoryList(parts.browser, currentNode->text, parts.tree, currentNode);
     parts.host.SetBreadcrumb(BuildBreadcrumbPath(currentNode));
@@ -223,6 +225,7 @@ void PageProtocol::ShowProductList(const QString &id)
         productRows = parts.controller.Queries().QueryProductsOfCategory(id);
         parts.scroller.SetCount(CountOf(productRows));
     }
+    pageName = caption;
     KeepPlace();
     parts.scroller.DisableScroller();
     const bool hasSingleProducts = parts.controller.Queries().HasSingleProducts(id);
@@ -249,6 +252,8 @@ void PageProtocol::ShowProductDetails(const QString &id)
     const ResultTable product = parts.controller.Queries().QueryProduct(id);
     KeepPlace();
     ShowPosition(id);
+    pageName = GetField(QStringLiteral("p.artNr"), product, 1) + u' ' +
+               GetField(QStringLiteral("l.name"), product, 1);
     if (GetField(QStringLiteral("p.isSet"), product, 1) == QLatin1String("True")) {
         productRows = parts.controller.Queries().QuerySetMembers(id);
         parts.scroller.SetCount(CountOf(productRows));

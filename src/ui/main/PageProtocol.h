@@ -49,6 +49,10 @@ public:
     const QString &CurrentUrl() const { return currentUrl; }
     void SetCurrentUrl(const QString &address) { currentUrl = address; }
 
+    /// What the page shown is about: its category, "Search results", the product. Empty for pages
+    /// that are not filled, which have names of their own.
+    const QString &PageName() const { return pageName; }
+
     /// The product rows that list pages and the steps from product to product work on.
     const ResultTable &ProductRows() const { return productRows; }
     void SetProductRows(ResultTable rows) { productRows = std::move(rows); }
@@ -93,6 +97,7 @@ private:
     QString currentUrl;
     QString pendingElementId;
     QString pendingId;
+    QString pageName;
     qint16 firstItem = 1;
     ResultTable productRows;
     ResultTable searchRows;

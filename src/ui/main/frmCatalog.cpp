@@ -449,7 +449,7 @@ void frmCatalog::Print()
     if (tabMain->currentIndex() == CartTab)
         PrintCart();
     else
-        pagePrinter->Print();
+        pagePrinter->Print(protocol->PageName());
 }
 
 void frmCatalog::closeEvent(QCloseEvent *event)

@@ -128,6 +128,29 @@ private Q_SLOTS:
             12);
     }
 
+    void testPagesAreNamedForWhatTheyShow()
+    {
+        host.currentNode = tree->FindByTag(QStringLiteral("1"));
+        protocol->DocumentComplete(Page("category_list.html?id=1"));
+        QTRY_COMPARE(filled->size(), 1);
+        QCOMPARE(protocol->PageName(), host.currentNode->text);
+
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        QTRY_COMPARE(filled->size(), 2);
+        QCOMPARE(protocol->PageName(), tree->FindByTag(QStringLiteral("2"))->text);
+
+        const ResultTable product =
+            application->GetController().Queries().QueryProduct(QStringLiteral("17"));
+        protocol->DocumentComplete(Page("product_details.html?id=17"));
+        QCOMPARE(protocol->PageName(), QString());
+        QTRY_COMPARE(filled->size(), 3);
+        QCOMPARE(protocol->PageName(), GetField(QStringLiteral("p.artNr"), product, 1) + u' ' +
+                                           GetField(QStringLiteral("l.name"), product, 1));
+
+        protocol->DocumentComplete(Page("../PDF/sheet.pdf"));
+        QCOMPARE(protocol->PageName(), QString());
+    }
+
     void testPageThatIsLeftForSearchResultsIsNotFilled()
     {
         PageProtocol clock(PageProtocol::Parts{application->GetController(), *builder, *tree,
