@@ -3,6 +3,7 @@
 #include "support/CatalogueWindow.h"
 #include "support/Dialogs.h"
 #include "support/EngineTest.h"
+#include "support/PdfFiles.h"
 #include "support/SampleCatalogue.h"
 #include "support/ShownPage.h"
 #include "support/UserActions.h"

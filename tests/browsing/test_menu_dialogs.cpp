@@ -5,6 +5,7 @@
 #include "support/Dialogs.h"
 #include "support/EngineTest.h"
 #include "support/Mail.h"
+#include "support/PdfFiles.h"
 #include "support/SampleCatalogue.h"
 #include "support/UserActions.h"
 #include "support/WaitUntil.h"

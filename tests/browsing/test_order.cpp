@@ -6,6 +6,7 @@
 #include "support/Dialogs.h"
 #include "support/EngineTest.h"
 #include "support/Mail.h"
+#include "support/PdfFiles.h"
 #include "support/SampleCatalogue.h"
 #include "support/ShownPage.h"
 #include "support/UserActions.h"

@@ -10,7 +10,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QProcess>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTest>
@@ -18,8 +17,6 @@
 namespace Tesk {
 
 namespace {
-
-constexpr int PdfLimit = 20000; // milliseconds
 
 void BringIntoSight(QWidget *field)
 {
@@ -99,16 +96,6 @@ void ChooseFromMenu(CatalogueWindow &catalogue, QMenu *menu, QAction *entry)
     QMenuBar *const bar = catalogue.Window().menuBar();
     ClickOn(bar, bar->actionGeometry(menu->menuAction()).center());
     ClickOn(menu, menu->actionGeometry(entry).center());
-}
-
-QString TextOfPdf(const QString &path)
-{
-    QProcess reader;
-    reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), QStringLiteral("-enc"),
-                                               QStringLiteral("UTF-8"), path, QStringLiteral("-")});
-    if (!reader.waitForFinished(PdfLimit))
-        return {};
-    return QString::fromUtf8(reader.readAllStandardOutput());
 }
 
 } // namespace Tesk

@@ -30,7 +30,4 @@ void Fill(QWidget *dialog, const char *field, const QString &text);
 /// Opens the menu of the window's bar and clicks the entry.
 void ChooseFromMenu(CatalogueWindow &catalogue, QMenu *menu, QAction *entry);
 
-/// What stands on the sheets of a PDF file, line by line; empty when it cannot be read.
-QString TextOfPdf(const QString &path);
-
 } // namespace Tesk

@@ -80,8 +80,6 @@
     }
 
     function reportCategory(field) {
-        // Straight quotation marks would end the value of the field when the page is written again.
-        field.value = field.value.replace(/"/g, '\u201d');
         window.status = `altCategoryChange:${field.id}:${field.value}`;
     }
 
@@ -149,7 +147,8 @@
             clearError(event.target);
     });
 
-    document.addEventListener('pointerdown', () => { pointerIsDown = true; }, true);
+    // The release of another button goes to the menu that it opens.
+    document.addEventListener('pointerdown', event => { pointerIsDown = event.button === 0; }, true);
     document.addEventListener('pointerup', () => { pointerIsDown = false; }, true);
     document.addEventListener('pointercancel', () => { pointerIsDown = false; }, true);
 

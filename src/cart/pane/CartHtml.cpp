@@ -3,11 +3,33 @@
 #include "cart/model/clsShoppingCart.h"
 #include "pages/PageContext.h"
 
+#include <QRegularExpression>
+
 namespace Tesk {
 
 namespace {
 
 // Texts of the cart are joined, never filled into a pattern: they may hold a pattern's marks.
+
+/// The text within an attribute, which the first quotation mark would end.
+QString InAttribute(QString text)
+{
+    return text.replace(u'"', QLatin1String("&quot;"));
+}
+
+/// What a person typed. Only the catalogue writes signs by their names: "&uuml;".
+QString Typed(QString text)
+{
+    static const QRegularExpression nameOfASign(QStringLiteral("&(?=#|[A-Za-z][A-Za-z0-9])"));
+    return text.replace(nameOfASign, QStringLiteral("&amp;"));
+}
+
+/// What a person typed as the content of a cell, where a tag would not be seen.
+QString TypedContent(const QString &text)
+{
+    static const QRegularExpression tag(QStringLiteral("<(?=[A-Za-z/!?])"));
+    return Typed(text).replace(tag, QStringLiteral("&lt;"));
+}
 
 QString ItemCell(const QString &content)
 {
@@ -41,14 +63,14 @@ QString Field(const char *cssClass, const char *idPrefix, const QString &key, co
 {
     return ItemCell(QStringLiteral(R"(<input class=")") + QLatin1String(cssClass) +
                     QStringLiteral(R"(" type="text" id=")") + QLatin1String(idPrefix) + key +
-                    QStringLiteral(R"(" value=")") + value +
-                    QStringLiteral(R"html(" onfocus="activateAlert(this)" onblur=")html") + leave +
-                    QStringLiteral(R"(">)"));
+                    QStringLiteral(R"(" value=")") + InAttribute(value) +
+                    QStringLiteral(R"html(" onfocus="activateAlert(this)" onblur=")html") +
+                    InAttribute(leave) + QStringLiteral(R"(">)"));
 }
 
 QString ReadOnlyCells(const clsShoppingCartItem &article)
 {
-    return ItemCell(article.AltCategory) + ItemCell(QString::number(article.Amount));
+    return ItemCell(TypedContent(article.AltCategory)) + ItemCell(QString::number(article.Amount));
 }
 
 } // namespace
@@ -130,8 +152,8 @@ QString CartHtml::ArticleCells(const clsShoppingCartItem &article) const
 QString CartHtml::ProductCell(const QString &id, const QString &text) const
 {
     return QStringLiteral(R"(<td valign="top" class="prodItem" onclick="window.location=')") +
-           context.GetContentBaseUrl() + QStringLiteral("/content/product_details.html?id=") + id +
-           QStringLiteral(R"(';">)") + text + QStringLiteral("</td>");
+           context.GetContentBaseUrl() + QStringLiteral("/content/product_details.html?id=") +
+           InAttribute(id) + QStringLiteral(R"(';">)") + text + QStringLiteral("</td>");
 }
 
 QString CartHtml::Fields(const clsShoppingCartItem &article, const QString &key,
@@ -142,14 +164,14 @@ QString CartHtml::Fields(const clsShoppingCartItem &article, const QString &key,
                                          : QStringLiteral("setAmount(this,'") +
                                                Text("ucShoppingCartManualAmountError") +
                                                QStringLiteral("')");
-    return Field("catField", "cat_", key, article.AltCategory, leave) +
+    return Field("catField", "cat_", key, Typed(article.AltCategory), leave) +
            Field("amountField", "fld_", key, QString::number(article.Amount), leaveAmount);
 }
 
 QString CartHtml::DeleteCell(const QString &artNr, const QString &key, bool isMember) const
 {
     const auto textFor = [&](const char *textKey) {
-        return Text(textKey).replace(QLatin1String("{0}"), artNr);
+        return InAttribute(Text(textKey).replace(QLatin1String("{0}"), artNr));
     };
     const QString text = textFor("mShoppingCartItemDelete");
     return ItemCell(

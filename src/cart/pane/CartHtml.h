@@ -8,9 +8,10 @@ class PageContext;
 class clsShoppingCart;
 class clsShoppingCartItem;
 
-/// The cart's lines as the HTML of the page where they are edited and of the order form. Texts of
-/// the cart go into it as they are. The lines of items are keyed by their index in the cart, those
-/// of a set's members by both indexes: "2", "2_1".
+/// The cart's lines as the HTML of the page where they are edited and of the order form. Numbers
+/// and titles may hold markup, as in the catalogue; categories, which people type, are shown as
+/// they are. The lines of items are keyed by their index in the cart, those of a set's members by
+/// both indexes: "2", "2_1".
 class CartHtml final
 {
 public:

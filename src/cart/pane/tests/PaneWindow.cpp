@@ -2,14 +2,14 @@
 
 #include "browser/LocalProfile.h"
 #include "browser/WebBrowser.h"
+#include "support/EngineProcess.h"
+#include "support/PdfFiles.h"
 #include "support/WaitUntil.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QPrinter>
-#include <QProcess>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
@@ -25,14 +25,6 @@ QString Quoted(const QString &text)
 {
     return QString::fromUtf8(QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact)) +
            QStringLiteral("[0]");
-}
-
-QString Output(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput());
 }
 
 } // namespace
@@ -62,7 +54,7 @@ PaneWindow::PaneWindow(const QString &language, const QString &applicationDirect
         if (setUpPrinter)
             setUpPrinter(printer);
         printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(PathOf(QStringLiteral("print.pdf")));
+        printer.setOutputFileName(PrintedFile());
         return true;
     });
     QObject::connect(pane->findChild<PagePrinter *>(), &PagePrinter::Finished, pane,
@@ -124,6 +116,13 @@ bool PaneWindow::ShowCart()
     return WaitForPageAfter([this] { pane->Initialize(); }, QString());
 }
 
+bool PaneWindow::WaitForFrames()
+{
+    Evaluate(QStringLiteral("window.isDrawn = false; requestAnimationFrame(() =>"
+                            " requestAnimationFrame(() => { window.isDrawn = true; }))"));
+    return WaitFor(QStringLiteral("window.isDrawn"));
+}
+
 bool PaneWindow::WaitForReports()
 {
     bool isAnswered = false;
@@ -179,6 +178,11 @@ void PaneWindow::Press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(pane->Browser()->View()->focusProxy(), key, modifiers);
 }
 
+void PaneWindow::KillEngine()
+{
+    Tesk::KillEngine(*pane->Browser());
+}
+
 QPushButton *PaneWindow::Button(const char *name)
 {
     return pane->findChild<QPushButton *>(QLatin1String(name));
@@ -196,21 +200,7 @@ bool PaneWindow::WaitForPrints(int count)
 
 QString PaneWindow::PrintedText()
 {
-    return Output(
-        QStringLiteral("pdftotext"),
-        {QStringLiteral("-layout"), PathOf(QStringLiteral("print.pdf")), QStringLiteral("-")});
-}
-
-QList<int> PaneWindow::SheetsWithPictures()
-{
-    static const QRegularExpression line(QStringLiteral("^ *(\\d+) +\\d+ image"),
-                                         QRegularExpression::MultilineOption);
-    const QString list = Output(QStringLiteral("pdfimages"),
-                                {QStringLiteral("-list"), PathOf(QStringLiteral("print.pdf"))});
-    QList<int> sheets;
-    for (const QRegularExpressionMatch &picture : line.globalMatch(list))
-        sheets.append(picture.captured(1).toInt());
-    return sheets;
+    return TextOfPdf(PrintedFile());
 }
 
 } // namespace Tesk

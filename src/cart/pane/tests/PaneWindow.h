@@ -54,9 +54,13 @@ public:
     /// Whether the script expression becomes true.
     bool WaitFor(const QString &expression);
     QVariant Evaluate(const QString &expression);
+    /// Whether the page has drawn its present state.
+    bool WaitForFrames();
     /// Whether all that the page reported so far has been handled.
     bool WaitForReports();
 
+    /// The middle of the first element that matches, in the page's own measure.
+    std::optional<QPoint> PlaceOf(const QString &selector);
     /// Clicks the middle of the first element that matches. False without one.
     bool Click(const QString &selector);
     /// Clicks into the field and types in place of what it held; the field keeps the focus.
@@ -64,14 +68,17 @@ public:
     /// Presses a key where the page's focus is.
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
+    /// Ends the engine's process as a crash does.
+    void KillEngine();
+
     QPushButton *Button(const char *name);
     bool IsEnabled(const char *name);
 
     QString PathOf(const QString &name) const { return folder.filePath(name); }
-    /// The text of the sheets printed last, a form feed behind each sheet.
+    /// The sheets printed last.
+    QString PrintedFile() const { return PathOf(QStringLiteral("print.pdf")); }
+    /// Their text (PdfFiles.h).
     QString PrintedText();
-    /// The sheet, counted from 1, of each picture on the sheets printed last.
-    QList<int> SheetsWithPictures();
     /// Whether this many prints have ended.
     bool WaitForPrints(int count);
 
@@ -85,8 +92,6 @@ public:
     Registry registry;
 
 private:
-    std::optional<QPoint> PlaceOf(const QString &selector);
-
     MailSender mailSender;
     std::unique_ptr<Controller> controller;
     QObject profileOwner;

@@ -123,6 +123,9 @@ private Q_SLOTS:
     void testOrderWithPricesAndMembers();
     void testEmptyOrderIsEmpty();
     void testTextsStandAsTheyAre();
+    void testQuotationMarksEndNoAttribute();
+    void testCategoryIsNoMarkup_data();
+    void testCategoryIsNoMarkup();
 
 private:
     std::unique_ptr<Context> context;
@@ -234,17 +237,62 @@ void TestCartHtml::testEmptyOrderIsEmpty()
 
 void TestCartHtml::testTextsStandAsTheyAre()
 {
-    cart->AddItem(Item("1' or %1", "A&B {0}", "<b>%2</b> \"it's\"", -7, "%3 <i> \" ü"));
+    cart->AddItem(Item("1' or %1", "A&B {0}", "<b>%2</b> \"it's\"", -7, "%3 <i> R&D & < ü"));
     const QString list = html->CartList(*cart);
     const QStringList pieces{
         QStringLiteral("product_details.html?id=1' or %1';\">A&B {0}</td>"),
         QStringLiteral("\"><b>%2</b> \"it's\"</td>"),
-        QStringLiteral("value=\"%3 <i> \" ü\" onfocus"),
+        QStringLiteral("value=\"%3 <i> R&D & < ü\" onfocus"),
         QStringLiteral("id=\"fld_0\" value=\"-7\""),
         QStringLiteral("title=\"Remove A&B {0}\""),
     };
     for (const QString &piece : pieces)
         QVERIFY2(list.contains(piece), qUtf8Printable(piece));
+    QVERIFY(html->OrderList(*cart).contains(QStringLiteral(">%3 &lt;i> R&D & < ü</td>")));
+}
+
+void TestCartHtml::testQuotationMarksEndNoAttribute()
+{
+    cart->AddItem(Item("1\"2", "A\"B", "3\" hook", 1, "4\""));
+    const QString list = html->CartList(*cart);
+    const QStringList pieces{
+        QStringLiteral("product_details.html?id=1&quot;2';\">A\"B</td>"),
+        QStringLiteral("\">3\" hook</td>"),
+        QStringLiteral("value=\"4&quot;\" onfocus"),
+        QStringLiteral("confirm('Remove A&quot;B, really A&quot;B?')"),
+        QStringLiteral("title=\"Remove A&quot;B\""),
+        QStringLiteral("alt=\"Remove A&quot;B\""),
+    };
+    for (const QString &piece : pieces)
+        QVERIFY2(list.contains(piece), qUtf8Printable(piece));
+}
+
+void TestCartHtml::testCategoryIsNoMarkup_data()
+{
+    QTest::addColumn<QString>("category");
+    QTest::addColumn<QString>("inField");
+    QTest::addColumn<QString>("inCell");
+    const auto row = [](const char *category, const char *inField, const char *inCell) {
+        QTest::newRow(category) << QString::fromUtf8(category) << QString::fromUtf8(inField)
+                                << QString::fromUtf8(inCell);
+    };
+    row("<OR>", "<OR>", "&lt;OR>");
+    row("</td>", "</td>", "&lt;/td>");
+    row("<!-- -->", "<!-- -->", "&lt;!-- -->");
+    row("1 < 2 <3 <", "1 < 2 <3 <", "1 < 2 <3 <");
+    row("&lt;", "&amp;lt;", "&amp;lt;");
+    row("&#65", "&amp;#65", "&amp;#65");
+    row("A&B & C&", "A&B & C&", "A&B & C&");
+}
+
+void TestCartHtml::testCategoryIsNoMarkup()
+{
+    QFETCH(const QString, category);
+    QFETCH(const QString, inField);
+    QFETCH(const QString, inCell);
+    cart->AddItem(Item("1", "A", "B", 1, qUtf8Printable(category)));
+    QVERIFY(html->CartList(*cart).contains(QStringLiteral("value=\"") + inField + u'"'));
+    QVERIFY(html->OrderList(*cart).contains(u'>' + inCell + QStringLiteral("</td>")));
 }
 
 QTEST_APPLESS_MAIN(TestCartHtml)

@@ -1,15 +1,12 @@
 #include "PaneWindow.h"
 #include "browser/WebBrowser.h"
-#include "sqlite2/Writer.h"
-#include "support/CatalogueWindow.h"
 #include "support/EngineTest.h"
+#include "support/Files.h"
 #include "support/UserActions.h"
 #include "support/WaitUntil.h"
 
-#include <QDir>
 #include <QFile>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QWebEngineView>
 
@@ -22,19 +19,6 @@ const QString CartAfterChange = CartPage + QStringLiteral("?action=doLoad");
 const QString CartAndSave = CartPage + QStringLiteral("?action=doSave");
 const QString OrderForm = QStringLiteral("/content/order_form.html");
 const QString PrintedOrderForm = OrderForm + QStringLiteral("?action=doPrint");
-
-QByteArray BytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void WriteBytes(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
 
 /// Fills the mandatory fields of a contact form and presses a button of it.
 DialogDriver::Action FillAndPress(const char *button)
@@ -78,21 +62,9 @@ private Q_SLOTS:
     void testCommandOfThePageIsCarriedOut();
     void testTabSwitchDoesNotLoseACommand();
     void testRefreshIsReplacedByTheNextNavigation();
-    void testFailedSaveLosesNothing();
-    void testFailedLoadShowsWhatWasRead();
-    void testFailedManualAddShowsWhatWasAdded();
-    void testButtonsAreReachedByKeys();
-    void testMnemonicPressesAButtonWhilePageHasFocus();
-    void testCaptionsFollowTheLanguage();
-    void testNoButtonIsHiddenInANarrowWindow_data();
-    void testNoButtonIsHiddenInANarrowWindow();
-    void testEngineThatFailsInAnEditComesBack();
-    void testReloadAfterAFailureRepeatsNoCommand();
-    void testCommandRunsWithoutAPage();
 
 private:
     void Click(const char *button) { ClickOn(pane->Button(button)); }
-    void KillEngine();
 
     std::unique_ptr<PaneWindow> pane;
 };
@@ -102,13 +74,6 @@ void TestPaneCommands::init()
     pane = std::make_unique<PaneWindow>();
     pane->Add(PaneWindow::Scissors, 3, QStringLiteral("OR 2"));
     QVERIFY(pane->ShowCart());
-}
-
-void TestPaneCommands::KillEngine()
-{
-    const qint64 process = pane->Pane().Browser()->View()->page()->renderProcessPid();
-    QVERIFY(process > 0);
-    QProcess::execute(QStringLiteral("kill"), {QStringLiteral("-KILL"), QString::number(process)});
 }
 
 void TestPaneCommands::testSaveWritesTheCart()
@@ -359,215 +324,6 @@ void TestPaneCommands::testRefreshIsReplacedByTheNextNavigation()
         OrderForm));
     QCOMPARE(pane->Evaluate(QStringLiteral("document.getElementById('summary').innerHTML")),
              QVariant(QStringLiteral("a<br>b")));
-}
-
-void TestPaneCommands::testFailedSaveLosesNothing()
-{
-    const QStringList before = pane->Lines();
-    const QString path = pane->PathOf(QStringLiteral("order.csv"));
-    QVERIFY(QDir().mkdir(path));
-    QString message;
-    DialogDriver driver({Choose(pane->PathOf(QStringLiteral("order"))), [&](QDialog &dialog) {
-                             message = qobject_cast<QMessageBox *>(&dialog)->text();
-                             dialog.accept();
-                         }});
-    QVERIFY(pane->WaitForPageAfter([&] { Click("btnSave"); }, CartAndSave));
-    QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
-    QVERIFY2(message.contains(path), qUtf8Printable(message));
-    QCOMPARE(pane->Lines(), before);
-    QVERIFY(pane->WaitFor(QStringLiteral("document.getElementById('fld_0').value === '3'")));
-    // A better name saves it.
-    DialogDriver next({Choose(pane->PathOf(QStringLiteral("better")))});
-    Click("btnSave");
-    QVERIFY(WaitUntil([&] { return QFile::exists(pane->PathOf(QStringLiteral("better.csv"))); }));
-}
-
-void TestPaneCommands::testFailedLoadShowsWhatWasRead()
-{
-    const QString path = pane->PathOf(QStringLiteral("order.csv"));
-    WriteBytes(path, "5;AB 5;Hook;7;left\r\n\r\n6;AB 6;Probe\r\n\r\n");
-    QString message;
-    DialogDriver driver({Choose(path), [&](QDialog &dialog) {
-                             message = qobject_cast<QMessageBox *>(&dialog)->text();
-                             dialog.accept();
-                         }});
-    QVERIFY(pane->WaitForPageAfter([&] { Click("btnLoad"); }, CartAfterChange));
-    QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
-    QVERIFY2(message.contains(path) && message.contains(QStringLiteral("Line 3")),
-             qUtf8Printable(message));
-    QCOMPARE(pane->Lines(), QStringList(QStringLiteral("5;AB 5;Hook;7;left")));
-    QVERIFY(pane->WaitFor(QStringLiteral("document.querySelectorAll('#list input').length === 2")));
-    // The pane goes on working.
-    DialogDriver next({Cancel});
-    Click("btnManual");
-    QVERIFY(WaitUntil([&] { return next.IsDone(); }));
-}
-
-// One of the two sets cannot be added; the other is.
-void TestPaneCommands::testFailedManualAddShowsWhatWasAdded()
-{
-    Sqlite2::Writer writer;
-    writer.CreateTable("CREATE TABLE products_global (ID INTEGER, artNr VARCHAR, isSet VARCHAR)");
-    writer.CreateTable("CREATE TABLE products_localized (ID INTEGER, lang VARCHAR, name VARCHAR, "
-                       "form VARCHAR)");
-    writer.CreateTable("CREATE TABLE products2sets (iSetID INTEGER, iProdGlobId INTEGER, "
-                       "iAmount INTEGER, iOrder INTEGER)");
-    for (const char *const id : {"1", "2"}) {
-        writer.InsertRow("products_global", {id, std::string("SET ") + id, "True"});
-        writer.InsertRow("products_localized", {id, "en", "Set", ""});
-    }
-    writer.InsertRow("products2sets", {"1", "1", "many", "1"});
-    writer.InsertRow("products2sets", {"2", "2", "3", "1"});
-    const QString database = pane->PathOf(QStringLiteral("broken.db"));
-    writer.Finish(QFile::encodeName(database).toStdString());
-    const QString directory = pane->PathOf(QStringLiteral("app"));
-    QVERIFY(CopyWithDatabase(QStringLiteral(APPLICATION_DIR), directory, database));
-
-    PaneWindow broken(QStringLiteral("English"), directory);
-    QVERIFY(broken.ShowCart());
-    QString message;
-    DialogDriver driver(
-        {[](QDialog &dialog) {
-             for (const int row : {0, 1})
-                 dialog.findChild<QLineEdit *>(QStringLiteral("tbArtNrTesk%1").arg(row))
-                     ->setText(QStringLiteral("SET %1").arg(row + 1));
-             dialog.findChild<QPushButton *>(QStringLiteral("btnOK"))->click();
-         },
-         [&](QDialog &dialog) {
-             message = qobject_cast<QMessageBox *>(&dialog)->text();
-             dialog.accept();
-         }});
-    QVERIFY(broken.WaitForPageAfter([&] { ClickOn(broken.Button("btnManual")); }, CartPage));
-    QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
-    QVERIFY2(message.contains(QStringLiteral("many")), qUtf8Printable(message));
-    QCOMPARE(broken.Lines(),
-             QStringList({QStringLiteral("2;SET 2;Set;1;"), QStringLiteral("2;SET 2;Set;3;")}));
-    QVERIFY(
-        broken.WaitFor(QStringLiteral("document.querySelectorAll('tr.contListRow').length === 2")));
-}
-
-void TestPaneCommands::testButtonsAreReachedByKeys()
-{
-    const QList<const char *> names{"btnSave",        "btnLoad",      "btnManual", "btnPrint",
-                                    "btnSendRequest", "btnSendOrder", "btnDelete"};
-    pane->Button(names.first())->setFocus(Qt::TabFocusReason);
-    for (const char *const name : names) {
-        QCOMPARE(QApplication::focusWidget(), pane->Button(name));
-        QTest::keyClick(pane->Window().windowHandle(), Qt::Key_Tab);
-    }
-    QVERIFY(pane->Pane().Browser()->isAncestorOf(QApplication::focusWidget()));
-    // Enter and Space press the button.
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
-        pane->Button("btnManual")->setFocus(Qt::TabFocusReason);
-        DialogDriver driver({Cancel});
-        QTest::keyClick(pane->Window().windowHandle(), key);
-        QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
-    }
-}
-
-void TestPaneCommands::testMnemonicPressesAButtonWhilePageHasFocus()
-{
-    QVERIFY(pane->Type(QStringLiteral("#fld_0"), QStringLiteral("9")));
-    DialogDriver driver({Cancel});
-    // "&Add articles …"
-    QTest::keyClick(pane->Window().windowHandle(), Qt::Key_A, Qt::AltModifier);
-    QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
-    QCOMPARE(pane->Cart().Entries().At(0)->Amount, qint16{9});
-}
-
-void TestPaneCommands::testCaptionsFollowTheLanguage()
-{
-    QCOMPARE(pane->Button("btnSendOrder")->text(), QStringLiteral("Send or&der"));
-    QCOMPARE(pane->Button("btnSendOrder")->toolTip(), QStringLiteral("Send order (Alt+D)"));
-    pane->GetController().Languages().SetLanguage(0);
-    pane->Pane().InitGui();
-    const QHash<const char *, QString> captions{
-        {"btnSave", QStringLiteral("S&peichern")},
-        {"btnLoad", QStringLiteral("&Laden")},
-        {"btnManual", QStringLiteral("&Artikel hinzufügen …")},
-        {"btnPrint", QStringLiteral("D&rucken")},
-        {"btnSendRequest", QStringLiteral("A&nfrage senden")},
-        {"btnSendOrder", QStringLiteral("&Bestellung senden")},
-        {"btnDelete", QStringLiteral("Warenkorb l&eeren")},
-    };
-    for (auto caption = captions.begin(); caption != captions.end(); ++caption)
-        QCOMPARE(pane->Button(caption.key())->text(), caption.value());
-}
-
-void TestPaneCommands::testNoButtonIsHiddenInANarrowWindow_data()
-{
-    QTest::addColumn<int>("width");
-    QTest::addColumn<int>("language");
-    for (const int width : {320, 520, 590, 800, 1280}) {
-        for (int language = 0; language < LanguageSupport::LanguageCount; ++language)
-            QTest::addRow("%d, language %d", width, language) << width << language;
-    }
-}
-
-void TestPaneCommands::testNoButtonIsHiddenInANarrowWindow()
-{
-    QFETCH(const int, width);
-    QFETCH(const int, language);
-    pane->GetController().Languages().SetLanguage(static_cast<qint16>(language));
-    pane->Pane().InitGui();
-    pane->Window().resize(width, 600);
-    QCoreApplication::processEvents();
-    QCOMPARE(pane->Window().width(), width);
-    QList<QRect> places;
-    const auto buttons = pane->Pane().findChildren<QPushButton *>();
-    QCOMPARE(buttons.size(), qsizetype{7});
-    for (QPushButton *const button : buttons) {
-        QVERIFY2(IsWhollyVisible(button), qPrintable(button->objectName()));
-        QVERIFY(button->width() >= button->sizeHint().width());
-        const QRect place(button->mapTo(&pane->Pane(), QPoint()), button->size());
-        for (const QRect &other : std::as_const(places))
-            QVERIFY(!place.intersects(other));
-        places.append(place);
-    }
-}
-
-void TestPaneCommands::testEngineThatFailsInAnEditComesBack()
-{
-    const QStringList before = pane->Lines();
-    QVERIFY(pane->Type(QStringLiteral("#fld_0"), QStringLiteral("77")));
-    QVERIFY(pane->WaitForPageAfter([&] { KillEngine(); }, CartPage));
-    QCOMPARE(pane->Lines(), before);
-    QVERIFY(pane->WaitFor(QStringLiteral("document.getElementById('fld_0').value === '3'")));
-}
-
-void TestPaneCommands::testReloadAfterAFailureRepeatsNoCommand()
-{
-    int dialogs = 0;
-    const auto count = [&](QDialog &dialog) {
-        ++dialogs;
-        dialog.reject();
-    };
-    DialogDriver driver({count, count, count});
-    QVERIFY(pane->WaitForPageAfter([&] { Click("btnSave"); }, CartAndSave));
-    QVERIFY(WaitUntil([&] { return dialogs == 1; }));
-    QVERIFY(pane->WaitForReports());
-    QVERIFY(pane->WaitForPageAfter([&] { KillEngine(); }, CartAndSave));
-    QVERIFY(pane->WaitForReports());
-    QCOMPARE(dialogs, 1);
-    // The same command of the user is carried out again.
-    Click("btnSave");
-    QVERIFY(WaitUntil([&] { return dialogs == 2; }));
-}
-
-// Before anything was shown, and with the engine just dead.
-void TestPaneCommands::testCommandRunsWithoutAPage()
-{
-    {
-        PaneWindow other;
-        DialogDriver driver({Cancel});
-        other.Pane().OnManualAdd();
-        QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
-    }
-    DialogDriver driver({Cancel});
-    KillEngine();
-    Click("btnManual");
-    QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
-    QVERIFY(pane->WaitFor(QStringLiteral("document.getElementById('fld_0').value === '3'")));
 }
 
 int main(int argc, char **argv)

@@ -1,6 +1,7 @@
 #include "PaneWindow.h"
 #include "browser/WebBrowser.h"
 #include "support/EngineTest.h"
+#include "support/PdfFiles.h"
 #include "support/WaitUntil.h"
 
 #include <QPrinter>
@@ -94,7 +95,7 @@ void TestPanePrinting::testFortyLines()
         QCOMPARE(sheet.startsWith(QStringLiteral("Shopping cart\n")), &sheet == &sheets.first());
     }
     QCOMPARE(line, LineCount);
-    QCOMPARE(pane.SheetsWithPictures(), QList<int>{1});
+    QCOMPARE(SheetsWithPictures(pane.PrintedFile()), QList<int>{1});
     QCOMPARE(sheets.first().contains(QStringLiteral("Bestellung")), isOrder);
     QCOMPARE(sheets.first().contains(QStringLiteral("Name der Institution: Klinik Süd\n")),
              isOrder);
