@@ -33,12 +33,14 @@
         return text.replace(sign, found => '\\u' + found.charCodeAt(0).toString(16).padStart(4, '0'));
     }
 
-    function cleanAttribute(element, { name, value }) {
+    /** Puts an attribute right that may run something, or takes it away. */
+    function cleanAttribute(element, name) {
+        const value = element.getAttribute(name);
         const known = knownValues[`${element.tagName} ${name}`];
         const link = element.tagName === 'A' && name === 'href' && deletion.exec(value);
         if (link)
             element.setAttribute(name, link[1] + escaped(link[2]) + link[3]);
-        else if (!harmlessAttributes.has(name) && !(known && known.test(value)))
+        else if (!(known && known.test(value)))
             element.removeAttribute(name);
     }
 
@@ -46,10 +48,14 @@
         for (const element of root.querySelectorAll(unseenElements))
             element.remove();
         for (const element of root.querySelectorAll('*')) {
-            if (harmlessElements.has(element.tagName))
-                [...element.attributes].forEach(attribute => cleanAttribute(element, attribute));
-            else
+            if (!harmlessElements.has(element.tagName)) {
                 element.replaceWith(...element.childNodes);
+                continue;
+            }
+            for (const name of element.getAttributeNames()) {
+                if (!harmlessAttributes.has(name))
+                    cleanAttribute(element, name);
+            }
         }
     }
 
@@ -58,10 +64,10 @@
         Object.defineProperty(element, 'innerHTML', {
             get,
             set: html => {
-                const apart = document.implementation.createHTMLDocument('').createElement(element.localName);
+                const apart = document.createElement('template');
                 apart.innerHTML = html;
-                clean(apart);
-                element.replaceChildren(...document.importNode(apart, true).childNodes);
+                clean(apart.content);
+                element.replaceChildren(apart.content);
             },
         });
     }

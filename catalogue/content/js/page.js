@@ -9,6 +9,7 @@
     const ground = 'ffffff';
     const pointerGap = 16;
     const windowEdge = 8;
+    const memberIndent = 14;
 
     let preview = null;
     let requests = 0;
@@ -106,6 +107,24 @@
         root.style.setProperty('--current-page', `"${number}"`);
     }
 
+    // The rows of a cart are laid out one by one, so the style sheet has to be told the width of their
+    // longest article number. Those of a set's members are plain and stand a step further in.
+    function noteNumberWidth() {
+        const rows = document.querySelectorAll('#list > table:not([align]) > tbody > tr.contListRow');
+        if (rows.length === 0)
+            return;
+        const { fontSize, fontFamily } = getComputedStyle(document.body);
+        const pen = document.createElement('canvas').getContext('2d');
+        let width = 0;
+        for (const row of rows) {
+            const isMember = !row.cells[0].hasChildNodes();
+            pen.font = `${isMember ? 'normal' : 'bold'} ${fontSize} ${fontFamily}`;
+            const indent = isMember ? memberIndent : 0;
+            width = Math.max(width, indent + pen.measureText(row.cells[1].textContent).width);
+        }
+        document.documentElement.style.setProperty('--number', `${Math.ceil(width) + 1}px`);
+    }
+
     // Each headline of the index gets a table body of its own, which the style sheets keep in one column.
     function groupIndex() {
         let group = null;
@@ -124,6 +143,7 @@
         if (!list)
             return;
         new MutationObserver(() => {
+            noteNumberWidth();
             noteCurrentPage();
             groupIndex();
             for (const cell of list.querySelectorAll('td[onclick]:nth-child(3)'))
