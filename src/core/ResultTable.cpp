@@ -29,7 +29,8 @@ void ResultTable::AddCell(QByteArrayView text)
         throw CatalogueError(QStringLiteral("The result is too large to hold."));
     data.cells.push_back(Cell{static_cast<quint32>(data.text.size() & mostBytes), text.isNull()});
     data.text.append(text.data(), static_cast<size_t>(text.size()));
-    if (data.cells.size() % static_cast<size_t>(data.names.size()) == 0)
+    const auto columns = static_cast<size_t>(data.names.size());
+    if (data.cells.size() == columns * static_cast<size_t>(data.upperRow + 1))
         ++data.upperRow;
 }
 

@@ -116,6 +116,8 @@ TableInfo Importer::TableOf(const Sqlite2::Table &source) const
         table.columns.append(
             {converter.NameOf(column.name), isText ? ColumnClass::Text : ColumnClass::Numeric});
     }
+    if (source.rowIdColumn >= 0)
+        table.columns[source.rowIdColumn].isRowId = true;
     return table;
 }
 
@@ -124,8 +126,8 @@ void Importer::CreateTable(const TableInfo &table)
     QByteArrayList columns;
     for (const ColumnInfo &column : table.columns) {
         const bool isText = column.columnClass == ColumnClass::Text;
-        columns.append(Quoted(column.name) + " TEXT COLLATE " +
-                       (isText ? TextCollation : NumericCollation));
+        columns.append(Quoted(column.name) + ' ' + (column.isRowId ? RowIdType : "TEXT") +
+                       " COLLATE " + (isText ? TextCollation : NumericCollation));
     }
     Execute(connection.get(),
             "CREATE TABLE " + Quoted(table.name) + " (" + columns.join(", ") + ')');

@@ -24,13 +24,13 @@ struct IndexDefinition
 
 const std::vector<IndexDefinition> &Definitions()
 {
-    // The name stands in the index of the localized texts so that a search by words reads nothing
-    // but one language's part of the index.
+    // The columns behind the first are what statements ask for next, so that the index spares them
+    // the row. A search by words reads nothing but one language's part of the localized texts.
     static const std::vector<IndexDefinition> definitions{
-        {"products_global", {"ID"}, 1, true},
-        {"products_global", {"length"}, 200, true},
-        {"products_localized", {"lang", "ID", "name"}, 0, false},
-        {"products2categories", {"catID"}, 20, true},
+        {"products_global", {"ID", "isSet"}, 1, true},
+        {"products_global", {"length", "ID"}, 200, true},
+        {"products_localized", {"lang", "ID", "name", "form"}, 0, false},
+        {"products2categories", {"catID", "prodID"}, 20, true},
         {"products2sets", {"iSetID"}, 10, true},
         {"reference_numbers", {"ID"}, 2, false},
     };
@@ -66,9 +66,12 @@ QList<IndexPlan> IndexPlansOf(const TableInfo &table, qint64 rowCount)
             !std::all_of(definition.columns.begin(), definition.columns.end(), hasColumn))
             continue;
 
+        const ColumnInfo &firstColumn = *table.FindColumn(definition.columns.front());
+        // The table itself is the index of its row ids.
+        if (firstColumn.isRowId)
+            continue;
         // A text column has two orders: its own for joins, that of numbers for comparisons.
-        const bool isText =
-            table.FindColumn(definition.columns.front())->columnClass == ColumnClass::Text;
+        const bool isText = firstColumn.columnClass == ColumnClass::Text;
         QList<bool> orders{false};
         if (isText && definition.isComparedWithNumbers)
             orders.append(true);

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdint>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -34,19 +33,14 @@ std::optional<Iterator> SkipDigits(Iterator position, Iterator end)
     return digitsEnd == position ? std::nullopt : std::optional(digitsEnd);
 }
 
-/// Ids and lengths are short runs of digits: their value without the general conversion.
-std::optional<std::int64_t> SmallNumber(std::string_view text)
+/// Whether the text is a whole number that no other text equals. Ids and lengths are.
+bool IsPlainNumber(std::string_view text)
 {
     constexpr size_t maxDigits = 15; // exact as a double too
-    if (text.empty() || text.size() > maxDigits)
-        return std::nullopt;
-    std::int64_t value = 0;
-    for (const char c : text) {
-        if (!IsDigit(c))
-            return std::nullopt;
-        value = value * 10 + (c - '0');
-    }
-    return value;
+    if (text.empty() || text.size() > maxDigits || (text.front() == '0' && text.size() > 1))
+        return false;
+    // The name of the function alone would be called for each character.
+    return std::all_of(text.begin(), text.end(), [](char c) { return IsDigit(c); });
 }
 
 std::optional<double> NumberOf(std::string_view text)
@@ -105,10 +99,10 @@ bool IsNumber(std::string_view text)
 
 int CompareNumeric(std::string_view left, std::string_view right)
 {
-    const auto smallLeft = SmallNumber(left);
-    const auto smallRight = SmallNumber(right);
-    if (smallLeft && smallRight)
-        return Compare(*smallLeft, *smallRight);
+    // A search for an id compares a dozen times, with numbers of as many digits mostly.
+    if (IsPlainNumber(left) && IsPlainNumber(right))
+        return left.size() == right.size() ? left.compare(right)
+                                           : Compare(left.size(), right.size());
 
     const auto leftNumber = NumberOf(left);
     const auto rightNumber = NumberOf(right);

@@ -2,6 +2,7 @@
 
 #include "core/database/BetweenBounds.h"
 #include "core/database/Collations.h"
+#include "core/database/Connection.h"
 
 #include <algorithm>
 #include <array>
@@ -34,6 +35,15 @@ struct Operand
     Kind kind = Kind::Other;
     TokenRange tokens;
     ColumnClass columnClass = ColumnClass::Other;
+    /// The alias of the column's table where the column holds the row ids; else empty.
+    QByteArray rowIdsOf = {};
+};
+
+/// A column of one of the statement's tables.
+struct TableColumn
+{
+    const FromItem *item = nullptr;
+    const ColumnInfo *info = nullptr;
 };
 
 class ComparisonFinder final
@@ -51,7 +61,8 @@ public:
 private:
     size_t EndOfBrackets(size_t open) const;
     size_t NextAtDepth(size_t index, const char *word) const;
-    const ColumnInfo *FindColumn(const QByteArray &name) const;
+    TableColumn ColumnOf(const FromItem &item, const QByteArray &name) const;
+    TableColumn FindColumn(const QByteArray &name) const;
     Operand ColumnAt(size_t index) const;
     Operand NumberAt(size_t index) const;
     Operand OperandAt(size_t index) const;
@@ -61,6 +72,8 @@ private:
     size_t ReadBetween(const Operand &column);
     void CompareByValue(const Operand &column);
     void KeepSpelling(const Operand &number);
+    QByteArray TextOf(const Operand &operand) const;
+    void FindByRowId(const Operand &left, const Operand &right);
 
     const SelectOutline &select;
     const SqlTokens &tokens;
@@ -86,16 +99,22 @@ size_t ComparisonFinder::NextAtDepth(size_t index, const char *word) const
     return index;
 }
 
-/// The column of this bare name where just one table has it.
-const ColumnInfo *ComparisonFinder::FindColumn(const QByteArray &name) const
+TableColumn ComparisonFinder::ColumnOf(const FromItem &item, const QByteArray &name) const
 {
-    const ColumnInfo *found = nullptr;
+    const TableInfo *table = schema.FindTable(item.table);
+    const ColumnInfo *column = table ? table->FindColumn(name) : nullptr;
+    return column ? TableColumn{&item, column} : TableColumn{};
+}
+
+/// The column of this bare name where just one table has it.
+TableColumn ComparisonFinder::FindColumn(const QByteArray &name) const
+{
+    TableColumn found;
     for (const FromItem &item : select.from) {
-        const TableInfo *table = schema.FindTable(item.table);
-        const ColumnInfo *column = table ? table->FindColumn(name) : nullptr;
-        if (found && column)
-            return nullptr;
-        found = column ? column : found;
+        const TableColumn column = ColumnOf(item, name);
+        if (found.info && column.info)
+            return {};
+        found = column.info ? column : found;
     }
     return found;
 }
@@ -104,16 +123,17 @@ Operand ComparisonFinder::ColumnAt(size_t index) const
 {
     const size_t end = select.whole.end;
     const bool isQualified = index + 2 < end && tokens[index + 1].IsSymbol(".");
-    const ColumnInfo *column = nullptr;
-    if (!isQualified) {
+    TableColumn column;
+    if (!isQualified)
         column = FindColumn(tokens[index].Name());
-    } else if (const FromItem *item = select.FindItem(tokens[index].Name())) {
-        const TableInfo *table = schema.FindTable(item->table);
-        column = table ? table->FindColumn(tokens[index + 2].Name()) : nullptr;
-    }
-    if (!column || column->columnClass == ColumnClass::Other)
+    else if (const FromItem *item = select.FindItem(tokens[index].Name()))
+        column = ColumnOf(*item, tokens[index + 2].Name());
+    if (!column.info || column.info->columnClass == ColumnClass::Other)
         return {};
-    return {Operand::Kind::Column, {index, index + (isQualified ? 3 : 1)}, column->columnClass};
+    return {Operand::Kind::Column,
+            {index, index + (isQualified ? 3 : 1)},
+            column.info->columnClass,
+            column.info->isRowId ? column.item->alias : QByteArray()};
 }
 
 Operand ComparisonFinder::NumberAt(size_t index) const
@@ -161,9 +181,35 @@ void ComparisonFinder::KeepSpelling(const Operand &number)
 {
     const SqlToken &first = tokens[number.tokens.begin];
     const SqlToken &last = tokens[number.tokens.end - 1];
-    const QByteArray sign = first.IsSymbol("-") ? "-" : "";
-    edits.push_back(
-        {first.begin, last.End() - first.begin, '\'' + sign + last.text.toByteArray() + '\''});
+    edits.push_back({first.begin, last.End() - first.begin, TextOf(number)});
+}
+
+/// The operand as the rewritten statement spells it.
+QByteArray ComparisonFinder::TextOf(const Operand &operand) const
+{
+    const SqlToken &last = tokens[operand.tokens.end - 1];
+    if (operand.kind == Operand::Kind::Number) {
+        const QByteArray sign = tokens[operand.tokens.begin].IsSymbol("-") ? "-" : "";
+        return '\'' + sign + last.text.toByteArray() + '\'';
+    }
+    QByteArray text;
+    for (size_t index = operand.tokens.begin; index < operand.tokens.end; ++index)
+        text += tokens[index].text;
+    return text;
+}
+
+/// What equals a row id by value is that number, so a condition for SQLite's own row id follows: it
+/// leads to the row without an index.
+void ComparisonFinder::FindByRowId(const Operand &left, const Operand &right)
+{
+    const Operand &id = left.rowIdsOf.isEmpty() ? right : left;
+    const Operand &other = left.rowIdsOf.isEmpty() ? left : right;
+    if (id.rowIdsOf.isEmpty() || schema.RowIdName().isEmpty())
+        return;
+    edits.push_back({tokens[left.tokens.begin].begin, 0, "("});
+    edits.push_back({tokens[right.tokens.end - 1].End(), 0,
+                     " AND " + Quoted(id.rowIdsOf) + '.' + schema.RowIdName() + "=CAST(" +
+                         TextOf(other) + " AS REAL))"});
 }
 
 /// Reads what follows "column [NOT] BETWEEN"; answers the position behind it.
@@ -207,6 +253,8 @@ size_t ComparisonFinder::ReadComparison(size_t index)
         CompareByValue(leftIsColumn ? left : right);
     if (hasNumber)
         KeepSpelling(leftIsColumn ? right : left);
+    if (tokens[behindLeft].IsSymbol("=") || tokens[behindLeft].IsSymbol("=="))
+        FindByRowId(left, right);
     return right.tokens.end;
 }
 

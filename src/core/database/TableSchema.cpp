@@ -34,14 +34,16 @@ bool Step(sqlite3 *connection, sqlite3_stmt *statement)
     return status == SQLITE_ROW;
 }
 
-ColumnClass ClassOf(sqlite3 *connection, const QByteArray &table, const QByteArray &column)
+ColumnInfo InfoOf(sqlite3 *connection, const QByteArray &table, const QByteArray &column)
 {
+    const char *type = nullptr;
     const char *collation = nullptr;
-    sqlite3_table_column_metadata(connection, "main", table.constData(), column.constData(),
-                                  nullptr, &collation, nullptr, nullptr, nullptr);
+    sqlite3_table_column_metadata(connection, "main", table.constData(), column.constData(), &type,
+                                  &collation, nullptr, nullptr, nullptr);
     if (qstrcmp(collation, NumericCollation) == 0)
-        return ColumnClass::Numeric;
-    return qstrcmp(collation, TextCollation) == 0 ? ColumnClass::Text : ColumnClass::Other;
+        return {column, ColumnClass::Numeric, qstrcmp(type, RowIdType) == 0};
+    const bool isText = qstrcmp(collation, TextCollation) == 0;
+    return {column, isText ? ColumnClass::Text : ColumnClass::Other};
 }
 
 QList<ColumnInfo> ColumnsOf(sqlite3 *connection, const QByteArray &table)
@@ -50,10 +52,8 @@ QList<ColumnInfo> ColumnsOf(sqlite3 *connection, const QByteArray &table)
     sqlite3_bind_text(statement.get(), 1, table.constData(), -1, SQLITE_STATIC);
     QList<ColumnInfo> columns;
     // A view whose tables are gone has no columns and is no reason to refuse the file.
-    while (sqlite3_step(statement.get()) == SQLITE_ROW) {
-        const QByteArray name = TextAt(statement.get(), 0);
-        columns.append({name, ClassOf(connection, table, name)});
-    }
+    while (sqlite3_step(statement.get()) == SQLITE_ROW)
+        columns.append(InfoOf(connection, table, TextAt(statement.get(), 0)));
     return columns;
 }
 

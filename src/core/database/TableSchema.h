@@ -8,6 +8,10 @@ struct sqlite3;
 
 namespace Tesk::Database {
 
+/// The type with which a table of an imported catalogue declares the column whose texts are its row
+/// ids in decimal.
+inline constexpr auto RowIdType = "ROW ID TEXT";
+
 /// How the texts of a column compare. A column of a version 3 file follows rules of its own.
 enum class ColumnClass { Numeric, Text, Other };
 
@@ -15,6 +19,7 @@ struct ColumnInfo
 {
     QByteArray name;
     ColumnClass columnClass = ColumnClass::Other;
+    bool isRowId = false; ///< whether it is of RowIdType
 };
 
 struct TableInfo

@@ -58,6 +58,14 @@ void TestComparisons::testKeysOf_data()
     add("t=7 or n='abc'", "1 2 5");
     add("k=007", "7");
     add("k='7.0'", "7");
+    // A row id with anything: by value too.
+    add("k=7.0", "7");
+    add("k=70e-1", "7");
+    add("k=+7", "7");
+    add("k=7.5", "");
+    add("k=t", "");
+    add("not k=t", "1 2 3 4 5 7 8 9 10 11");
+    add("not k=7", "1 2 3 4 5 6 8 9 10 11");
     // Every text of any column matches by its characters.
     add("n like '%7%'", "1 2 8 9");
     add("t like '_bc'", "5 11");

@@ -19,6 +19,8 @@ private Q_SLOTS:
                 " artNr TEXT COLLATE tesk_text, length TEXT COLLATE tesk_numeric);"
                 "CREATE TABLE l (ID TEXT COLLATE tesk_numeric,"
                 " name TEXT COLLATE tesk_text);"
+                "CREATE TABLE i (k ROW ID TEXT COLLATE tesk_numeric,"
+                " t TEXT COLLATE tesk_text);"
                 "CREATE TABLE \"odd name\" (\"a b\" TEXT COLLATE tesk_text);"
                 "CREATE VIEW v AS SELECT ID FROM p");
         schema = TableSchema(connection.get());
@@ -219,6 +221,43 @@ private Q_SLOTS:
         const QByteArray sql("select count(*) from p where " +
                              QByteArrayList(300, "artNr='a'").join(" AND ") + " or 1");
         QCOMPARE(RewriteStatement(sql, schema).sql, sql);
+    }
+
+    void testRowsAreFoundByRowId_data()
+    {
+        QTest::addColumn<QByteArray>("condition");
+        QTest::addColumn<QByteArray>("rewritten");
+        const auto add = [](const char *name, const char *condition, const char *rewritten) {
+            QTest::newRow(name) << QByteArray(condition) << QByteArray(rewritten);
+        };
+        add("number", "k=-7", "(k COLLATE tesk_numeric='-7' AND \"i\".rowid=CAST('-7' AS REAL))");
+        add("number first", "7 == i . k",
+            "('7' == i . k COLLATE tesk_numeric AND \"i\".rowid=CAST('7' AS REAL))");
+        add("column", "l.ID=i.k", "(l.ID=i.k AND \"i\".rowid=CAST(l.ID AS REAL))");
+        add("text column", "i.k=l.name",
+            "(i.k COLLATE tesk_numeric=l.name AND \"i\".rowid=CAST(l.name AS REAL))");
+        add("inside others", "not k=7 or t='a'",
+            "not (k COLLATE tesk_numeric='7' AND \"i\".rowid=CAST('7' AS REAL)) or t='a'");
+        add("not equal", "k<7", "k COLLATE tesk_numeric<'7'");
+        add("text", "k='7'", "k='7'");
+        add("other column", "l.ID=7", "l.ID COLLATE tesk_numeric='7'");
+    }
+
+    void testRowsAreFoundByRowId()
+    {
+        QFETCH(QByteArray, condition);
+        QFETCH(QByteArray, rewritten);
+        const QByteArray select = "select count(*) from i, l where ";
+        QCOMPARE(RewriteStatement(select + condition, schema).sql, select + rewritten);
+    }
+
+    void testRowsWithoutARowIdNameAreNotFoundByIt()
+    {
+        const Connection other = OpenMemory();
+        Execute(other.get(), "CREATE TABLE a (k ROW ID TEXT COLLATE tesk_numeric, rowid TEXT,"
+                             " _rowid_ TEXT, oid TEXT)");
+        QCOMPARE(RewriteStatement("select k from a where k=7", TableSchema(other.get())).sql,
+                 QByteArray("select k from a where k COLLATE tesk_numeric='7'"));
     }
 
     void testRowIdNameAvoidsColumns()
