@@ -12,60 +12,16 @@
 #include "pages/PageContext.h"
 
 #include <QScopeGuard>
-#include <QUrl>
 #include <QWebEngineView>
 
+#include <optional>
 #include <utility>
 
 namespace Tesk {
 
 namespace {
 
-const QLatin1String CartAddress("/content/shopping_cart.html");
-const QLatin1String CartToSave("/content/shopping_cart.html?action=doSave");
-const QLatin1String ChangedCart("/content/shopping_cart.html?action=doLoad");
-const QLatin1String CartToRequest("/content/shopping_cart.html?action=doSendRequest");
-const QLatin1String CartToOrder("/content/shopping_cart.html?action=doSendOrder");
-const QLatin1String OrderForm("/content/order_form.html");
-const QLatin1String OrderFormToPrint("/content/order_form.html?action=doPrint");
-
-const QLatin1String CartName("shopping_cart.html");
-const QLatin1String OrderFormName("order_form.html");
-const QLatin1String DetailsName("product_details.html");
-
 const QString Nothing = QStringLiteral("0");
-
-QLatin1String AddressFor(CartPageAction action)
-{
-    switch (action) {
-    case CartPageAction::Save:
-        return CartToSave;
-    case CartPageAction::SendRequest:
-        return CartToRequest;
-    case CartPageAction::SendOrder:
-        return CartToOrder;
-    case CartPageAction::None:
-    case CartPageAction::Print:
-        break;
-    }
-    return CartAddress;
-}
-
-CartPageAction ActionOf(const QString &address)
-{
-    if (!address.contains(CartName)) {
-        const bool isPrint =
-            address.contains(OrderFormName) && address.contains(QLatin1String("action=doPrint"));
-        return isPrint ? CartPageAction::Print : CartPageAction::None;
-    }
-    if (address.contains(QLatin1String("action=doSave")))
-        return CartPageAction::Save;
-    if (address.contains(QLatin1String("action=doSendRequest")))
-        return CartPageAction::SendRequest;
-    if (address.contains(QLatin1String("action=doSendOrder")))
-        return CartPageAction::SendOrder;
-    return CartPageAction::None;
-}
 
 /// What a person typed, as it was typed.
 QString WithBreaks(const QString &text)
@@ -99,23 +55,23 @@ clsShoppingCart &CartPages::Cart() const
 
 void CartPages::ShowCart(CartPageAction action)
 {
-    Navigate(AddressFor(action));
+    Navigate(CartAddress::Cart(action));
 }
 
 void CartPages::ShowChangedCart()
 {
     isOutdated = true;
-    Navigate(ChangedCart);
+    Navigate(CartAddress::ChangedCart());
 }
 
 void CartPages::ShowUnchangedCart()
 {
-    Navigate(ChangedCart);
+    Navigate(CartAddress::ChangedCart());
 }
 
 void CartPages::ShowOrderForm(bool isToBePrinted)
 {
-    Navigate(isToBePrinted ? OrderFormToPrint : OrderForm);
+    Navigate(CartAddress::OrderForm(isToBePrinted));
 }
 
 void CartPages::Navigate(QLatin1String page)
@@ -131,7 +87,7 @@ bool CartPages::IsUnderWay() const
 
 bool CartPages::IsOrderForm() const
 {
-    return browser.Address().contains(OrderFormName);
+    return CartAddress::IsOrderForm(browser.Address());
 }
 
 void CartPages::DocumentComplete(const QString &address)
@@ -147,8 +103,8 @@ void CartPages::DocumentComplete(const QString &address)
     Q_EMIT Loaded();
     if (!isSuperseded)
         isOutdated = false;
-    if (address.contains(DetailsName))
-        LeaveToProduct(address);
+    if (const std::optional<QString> id = CartAddress::ProductId(address))
+        LeaveToProduct(*id);
     else if (!isSuperseded)
         Write(address, isReload);
     // The page that held the field is gone, and what it had to report is here.
@@ -159,12 +115,12 @@ void CartPages::DocumentComplete(const QString &address)
 void CartPages::Write(const QString &address, bool isReload)
 {
     auto failed = qScopeGuard([this] { Q_EMIT Failed(); });
-    if (address.contains(CartName))
+    if (CartAddress::IsCart(address))
         WriteCart();
-    else if (address.contains(OrderFormName))
+    else if (CartAddress::IsOrderForm(address))
         WriteOrderForm();
     failed.dismiss();
-    const CartPageAction action = isReload ? CartPageAction::None : ActionOf(address);
+    const CartPageAction action = isReload ? CartPageAction::None : CartAddress::ActionOf(address);
     afterWriting->Run(Nothing, [this, action](const QVariant &) { Q_EMIT Written(action); });
 }
 
@@ -187,13 +143,11 @@ void CartPages::WriteOrderForm()
                    HtmlChange(QStringLiteral("list"), html.OrderList(Cart()))});
 }
 
-void CartPages::LeaveToProduct(const QString &address)
+void CartPages::LeaveToProduct(const QString &id)
 {
     if (requestedAddress.isEmpty())
         ShowCart();
-    // Some signs of an id stay encoded in an address.
-    const QString id = address.mid(address.lastIndexOf(u'=') + 1);
-    Q_EMIT ProductChosen(QUrl::fromPercentEncoding(id.toUtf8()));
+    Q_EMIT ProductChosen(id);
 }
 
 void CartPages::LoadFailed()

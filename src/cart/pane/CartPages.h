@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cart/pane/CartAddress.h"
 #include "cart/pane/CartHtml.h"
 
 #include <QObject>
@@ -16,9 +17,6 @@ class PageContext;
 class WebBrowser;
 class clsShoppingCart;
 struct LastContact;
-
-/// What a page of the pane is to be followed by; it stands in the page's address.
-enum class CartPageAction { None, Save, SendRequest, SendOrder, Print };
 
 /// The cart's pages in the pane's browser: asks for them, writes the cart into each one that has
 /// loaded, and hears what it reports. Edits and deletions go straight into the cart.
@@ -66,7 +64,7 @@ private:
     void Write(const QString &address, bool isReload);
     void WriteCart();
     void WriteOrderForm();
-    void LeaveToProduct(const QString &address);
+    void LeaveToProduct(const QString &id);
     void LoadFailed();
     void StatusTextChange(const QString &text);
     void DeleteLine(const QString &text);

@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "cart/dialogs/frmShoppingCartAmount.h"
 #include "core/Controller.h"
+#include "ui/main/CartRequestText.h"
 
 #include <QMessageBox>
 #include <QScopedValueRollback>
@@ -17,12 +18,12 @@ CartRequest::CartRequest(Controller &controller, QWidget *owner)
 
 void CartRequest::StatusTextChange(const QString &text)
 {
-    if (isDialogOpen || !text.contains(QLatin1String("shoppingCart")) || text == lastStatusText)
+    const std::optional<QString> id = CartRequestText::ProductId(text);
+    if (isDialogOpen || !id || text == lastStatusText)
         return;
     const QScopedValueRollback dialogGuard(isDialogOpen, true);
-    const QString id = text.mid(text.lastIndexOf(u':') + 1);
-    if (!id.isEmpty())
-        AskAndAdd(id);
+    if (!id->isEmpty())
+        AskAndAdd(*id);
     lastStatusText = text;
 }
 

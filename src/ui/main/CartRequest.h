@@ -19,8 +19,8 @@ public:
     CartRequest(Controller &controller, QWidget *owner);
 
 public Q_SLOTS:
-    /// Acts on a text that holds "shoppingCart" and differs from the last such text: the product id
-    /// stands behind its last ":". Texts that arrive while the dialog is open are dropped.
+    /// Acts on a text that asks for a product (CartRequestText.h) and differs from the last such
+    /// text. Texts that arrive while the dialog is open are dropped.
     void StatusTextChange(const QString &text);
 
 private:
