@@ -1,6 +1,7 @@
 #include "browser/PagePrinter.h"
 
 #include "base/Errors.h"
+#include "base/WholeFile.h"
 #include "browser/Log.h"
 #include "browser/PaperSize.h"
 #include "browser/PdfPainter.h"
@@ -12,7 +13,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QSaveFile>
 #include <QScopedValueRollback>
 #include <QThread>
 #include <QWebEngineView>
@@ -51,13 +51,9 @@ QByteArray Read(const QString &fileName)
 
 void Write(const QString &fileName, const QByteArray &content)
 {
-    QSaveFile file(fileName);
-    // Flushed by hand: the commit itself overlooks it when the last bytes find no room on the disk.
-    const bool isWritten = file.open(QIODevice::WriteOnly) &&
-                           file.write(content) == content.size() && file.flush() && file.commit();
-    if (!isWritten)
-        throw FileError(
-            QStringLiteral("%1 cannot be written: %2").arg(fileName, file.errorString()));
+    QString reason;
+    if (!WholeFile::Replace(fileName, {content}, &reason))
+        throw FileError(QStringLiteral("%1 cannot be written: %2").arg(fileName, reason));
 }
 
 /// A name that can be a file's too: the dialog proposes it as such.

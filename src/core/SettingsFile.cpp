@@ -1,12 +1,13 @@
 #include "core/SettingsFile.h"
 
+#include "base/WholeFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QLockFile>
 #include <QLoggingCategory>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -19,6 +20,12 @@ Q_LOGGING_CATEGORY(lcSettings, "tesk.settings")
 /// How long a write waits for another program's. Both take a few milliseconds.
 constexpr int LockMilliseconds = 1000;
 
+QByteArray BytesOf(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 } // namespace
 
 SettingsFile::SettingsFile(const QString &name)
@@ -27,9 +34,7 @@ SettingsFile::SettingsFile(const QString &name)
 
 QJsonObject SettingsFile::Read() const
 {
-    QJsonObject root;
-    Load(root);
-    return root;
+    return Load().root;
 }
 
 void SettingsFile::Update(const std::function<void(QJsonObject &)> &change) const
@@ -44,73 +49,75 @@ void SettingsFile::Update(const std::function<void(QJsonObject &)> &change) cons
         return;
     }
 
-    QJsonObject root;
-    const State state = Load(root);
-    if (state == State::Unreadable)
+    const Content content = Load();
+    if (content.state == State::Unreadable)
         return;
-    const QJsonObject before = root;
+    QJsonObject root = content.root;
     change(root);
-    if (root == before)
+    if (root == content.root)
         return;
-    if (state == State::Damaged && !KeepCopy())
+    if (content.state == State::Damaged && !KeepCopy(content.bytes))
         return;
     Replace(root);
 }
 
-SettingsFile::State SettingsFile::Load(QJsonObject &root) const
+SettingsFile::Content SettingsFile::Load() const
 {
     QFile file(fileName);
     if (!file.exists())
-        return State::Usable;
+        return {};
     QByteArray bytes;
     if (file.open(QIODevice::ReadOnly))
         bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {
         qCWarning(lcSettings) << "The settings cannot be read:" << fileName << file.errorString();
-        return State::Unreadable;
+        return {State::Unreadable, {}, {}};
     }
     // An empty file, as a full disk may leave it, holds nothing to lose.
     if (bytes.isEmpty())
-        return State::Usable;
+        return {};
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (!document.isObject()) {
         qCWarning(lcSettings) << "The settings are damaged:" << fileName << error.errorString();
-        return State::Damaged;
+        return {State::Damaged, bytes, {}};
     }
-    root = document.object();
+    const QJsonObject root = document.object();
     const bool holdsObjects =
         std::all_of(root.begin(), root.end(), [](const QJsonValue &key) { return key.isObject(); });
     if (!holdsObjects) {
         qCWarning(lcSettings) << "The settings are damaged:" << fileName << "has foreign values";
-        return State::Damaged;
+        return {State::Damaged, bytes, root};
     }
-    return State::Usable;
+    return {State::Usable, bytes, root};
 }
 
-bool SettingsFile::KeepCopy() const
+bool SettingsFile::KeepCopy(const QByteArray &damaged) const
 {
     QString copyName = fileName + QLatin1String(".damaged");
-    for (int number = 2; QFile::exists(copyName); ++number)
+    for (int number = 2; QFile::exists(copyName); ++number) {
+        // Kept already by a write that then failed.
+        if (BytesOf(copyName) == damaged)
+            return true;
         copyName = QStringLiteral("%1.damaged-%2").arg(fileName).arg(number);
-    const bool isKept = QFile::copy(fileName, copyName);
+    }
+    QString reason;
+    const bool isKept = WholeFile::Replace(copyName, {damaged}, &reason);
     if (isKept)
         qCWarning(lcSettings) << "The damaged settings are kept as" << copyName;
     else
-        qCWarning(lcSettings) << "The damaged settings cannot be copied, so they stay:" << fileName;
+        qCWarning(lcSettings) << "The damaged settings cannot be copied, so they stay:" << fileName
+                              << reason;
     return isKept;
 }
 
 void SettingsFile::Replace(const QJsonObject &root) const
 {
-    QSaveFile file(fileName);
-    // Flushed by hand: the commit itself overlooks it when the last bytes find no room on the disk.
-    const bool isWritten = file.open(QIODevice::WriteOnly) &&
-                           file.write(QJsonDocument(root).toJson()) >= 0 && file.flush() &&
-                           file.commit();
-    if (!isWritten)
-        qCWarning(lcSettings) << "The settings cannot be written:" << fileName
-                              << file.errorString();
+    QString reason;
+    if (WholeFile::Replace(fileName, {QJsonDocument(root).toJson()}, &reason))
+        WholeFile::RemoveLeftovers(fileName);
+    else
+        qCWarning(lcSettings) << "The settings cannot be written:" << fileName << reason;
 }
 
 } // namespace Tesk

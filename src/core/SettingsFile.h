@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QJsonObject>
 #include <QString>
 
@@ -20,14 +21,21 @@ public:
 
     /// Lets `change` alter the object while no other program writes, and replaces the file when it
     /// did. The file stays as it was when it cannot be read or written; a damaged one is copied
-    /// beside itself before it is replaced.
+    /// beside itself, once, before it is replaced.
     void Update(const std::function<void(QJsonObject &)> &change) const;
 
 private:
     enum class State { Usable, Damaged, Unreadable };
 
-    State Load(QJsonObject &root) const;
-    bool KeepCopy() const;
+    struct Content
+    {
+        State state = State::Usable;
+        QByteArray bytes;
+        QJsonObject root;
+    };
+
+    Content Load() const;
+    bool KeepCopy(const QByteArray &damaged) const;
     void Replace(const QJsonObject &root) const;
 
     QString fileName;

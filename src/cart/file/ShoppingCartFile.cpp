@@ -2,13 +2,13 @@
 
 #include "base/CodePage.h"
 #include "base/Errors.h"
+#include "base/WholeFile.h"
 #include "cart/file/CartRecords.h"
 #include "cart/model/clsShoppingCart.h"
 
 #include <QDir>
 #include <QFile>
 #include <QLoggingCategory>
-#include <QSaveFile>
 
 namespace Tesk::ShoppingCartFile {
 
@@ -29,11 +29,11 @@ QByteArrayView WithoutLineEnd(const QByteArray &line)
 }
 
 /// `message` takes the file's name and the reason, as does the text of `key`.
-FileError Failure(const QString &message, const char *key, const QFileDevice &file)
+FileError Failure(const QString &message, const char *key, const QString &path,
+                  const QString &reason)
 {
-    const QString fileName = QDir::toNativeSeparators(file.fileName());
-    return FileError(message.arg(fileName, file.errorString()),
-                     {QLatin1String(key), {fileName, file.errorString()}});
+    const QString fileName = QDir::toNativeSeparators(path);
+    return FileError(message.arg(fileName, reason), {QLatin1String(key), {fileName, reason}});
 }
 
 } // namespace
@@ -42,14 +42,11 @@ void Save(const clsShoppingCart &cart, const QString &path)
 {
     const QString text = cart.Serialize() + LineEnd;
     const QByteArray bytes = CodePage::ToBytes(text);
-    QSaveFile file(path);
-    // Flushed by hand: the commit itself overlooks it when the last bytes find no room on the disk.
-    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() &&
-                           file.flush() && file.commit();
-    if (!isWritten)
+    QString reason;
+    if (!WholeFile::Replace(path, {bytes}, &reason))
         throw Failure(QStringLiteral("The shopping cart cannot be saved as \"%1\" (%2). Save it in "
                                      "another folder or under another name."),
-                      "errorCartSave", file);
+                      "errorCartSave", path, reason);
     if (CodePage::FromBytes(bytes) != text)
         qCWarning(lcCart) << "Characters outside the code page were saved as '?' in" << path;
 }
@@ -62,7 +59,7 @@ void Load(const QString &path, clsShoppingCart &cart)
     if (!file.open(QIODevice::ReadOnly))
         throw Failure(QStringLiteral("The shopping cart file \"%1\" cannot be opened (%2). The "
                                      "shopping cart has not changed."),
-                      "errorCartOpen", file);
+                      "errorCartOpen", path, file.errorString());
     cart.Clear();
     CartRecords records(fileName, cart);
     while (!file.atEnd()) {
@@ -75,7 +72,7 @@ void Load(const QString &path, clsShoppingCart &cart)
         throw Failure(
             QStringLiteral("The shopping cart file \"%1\" cannot be read to its end (%2). "
                            "The shopping cart holds what was read before."),
-            "errorCartRead", file);
+            "errorCartRead", path, file.errorString());
     if (records.IsInsideRecord())
         qCWarning(lcCart) << "The last item of" << fileName
                           << "is left out: no empty line follows it";

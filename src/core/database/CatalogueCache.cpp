@@ -1,15 +1,14 @@
 #include "core/database/CatalogueCache.h"
 
+#include "base/WholeFile.h"
 #include "core/database/Logging.h"
 #include "core/database/SourceIdentity.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace Tesk::Database {
 
@@ -31,20 +30,6 @@ QByteArray SealOf(const QByteArray &identity, qint64 imageSize, quint64 imageHas
     stream << imageSize << imageHash;
     stream << HashOf(seal);
     return seal;
-}
-
-/// A program that was ended while it wrote left its temporary file behind.
-void RemoveLeftovers(const QString &fileName)
-{
-    constexpr qint64 secondsOfAWrite = 3600;
-    const QFileInfo file(fileName);
-    const QDateTime limit = QDateTime::currentDateTime().addSecs(-secondsOfAWrite);
-    const QFileInfoList leftovers =
-        file.dir().entryInfoList({file.fileName() + QStringLiteral(".??????")}, QDir::Files);
-    for (const QFileInfo &leftover : leftovers) {
-        if (leftover.lastModified() < limit)
-            QFile::remove(leftover.filePath());
-    }
 }
 
 } // namespace
@@ -81,19 +66,17 @@ QString CatalogueCache::Store(const QString &sourceName, const QByteArray &ident
 {
     if (folder.isEmpty())
         return {};
-    QSaveFile file(FileNameOf(sourceName));
+    QString fileName = FileNameOf(sourceName);
     const QByteArray seal = SealOf(identity, image.size(), HashOf(image));
-    if (!QDir().mkpath(folder) || !file.open(QIODevice::WriteOnly) ||
-        file.write(image.data(), image.size()) != image.size() || file.write(seal) != seal.size() ||
-        !file.commit()) {
-        qCWarning(log).noquote() << QStringLiteral(
-                                        "The catalogue cannot be kept in %1 (%2); it is read anew"
-                                        " at each start.")
-                                        .arg(QDir::toNativeSeparators(folder), file.errorString());
-        return {};
+    QString reason = QStringLiteral("the folder cannot be made");
+    if (QDir().mkpath(folder) && WholeFile::Replace(fileName, {image, seal}, &reason)) {
+        WholeFile::RemoveLeftovers(fileName);
+        return fileName;
     }
-    RemoveLeftovers(file.fileName());
-    return file.fileName();
+    qCWarning(log).noquote() << QStringLiteral("The catalogue cannot be kept in %1 (%2); it is read"
+                                               " anew at each start.")
+                                    .arg(QDir::toNativeSeparators(folder), reason);
+    return {};
 }
 
 } // namespace Tesk::Database

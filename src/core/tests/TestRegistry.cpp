@@ -1,6 +1,7 @@
 #include "base/tests/FileSizeLimit.h"
 #include "core/Registry.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -190,6 +191,28 @@ private Q_SLOTS:
         Registry(FileName()).RegSetString(Key, Name, QStringLiteral("abc"));
         QCOMPARE(QDir(folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
                  QStringList{QStringLiteral("settings.json")});
+    }
+
+    void testLeftoversOfAnEndedProgramGoAndOtherFilesStay()
+    {
+        const auto beside = [this](const char *ending) {
+            return FileName() + QLatin1Char('.') + QLatin1String(ending);
+        };
+        const auto makeFile = [&](const char *ending, const QDateTime &time) {
+            QFile file(beside(ending));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+        };
+        const QDateTime now = QDateTime::currentDateTime();
+        const QDateTime past = now.addDays(-1);
+        makeFile("aBcDeF", past);
+        makeFile("gHiJkL", now);
+        for (const char *ending : {"backup", "Backup", "BACKUP", "Ma2024", "old"})
+            makeFile(ending, past);
+        Registry(FileName()).RegSetString(Key, Name, QStringLiteral("abc"));
+        QVERIFY(!QFile::exists(beside("aBcDeF")));
+        for (const char *ending : {"gHiJkL", "backup", "Backup", "BACKUP", "Ma2024", "old"})
+            QVERIFY2(QFile::exists(beside(ending)), ending);
     }
 
     void testWriteIsLostWhileAnotherProgramHoldsTheSettings()

@@ -8,8 +8,13 @@ namespace Sqlite2 {
 
 /// Of this many bytes one is damaged. Under the sanitizers, which take their time, a share must do;
 /// its step is prime, so that it meets fields of all kinds.
-#ifdef __SANITIZE_ADDRESS__
-inline constexpr qsizetype damageStep = 13;
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define TESK_IS_SANITIZED
+#endif
+#endif
+#if defined(TESK_IS_SANITIZED) || defined(__SANITIZE_ADDRESS__)
+inline constexpr qsizetype damageStep = 7;
 #else
 inline constexpr qsizetype damageStep = 1;
 #endif

@@ -1,4 +1,5 @@
 #include "base/Errors.h"
+#include "base/tests/CaughtLog.h"
 #include "core/CatalogueQueries.h"
 #include "core/SQLiteWrapper.h"
 #include "core/database/tests/DatabaseFiles.h"
@@ -103,30 +104,6 @@ QStringList TextsOf(const ResultTable &table, int row)
         texts.append(table.IsNull(row, column) ? QStringLiteral("NULL") : table.Text(row, column));
     return texts;
 }
-
-/// What the log said, and nothing of it on the terminal.
-class CaughtLog final
-{
-public:
-    CaughtLog()
-        : oldHandler(qInstallMessageHandler(&Catch))
-    {
-        lines.clear();
-    }
-    ~CaughtLog() { qInstallMessageHandler(oldHandler); }
-    CaughtLog(const CaughtLog &) = delete;
-    CaughtLog &operator=(const CaughtLog &) = delete;
-
-    static inline QStringList lines;
-
-private:
-    static void Catch(QtMsgType, const QMessageLogContext &, const QString &line)
-    {
-        lines.append(line);
-    }
-
-    QtMessageHandler oldHandler;
-};
 
 /// All that the program ever sees of a version 2 file: its tables as the reader hands them out.
 /// Empty for a file that the reader refuses.
