@@ -2,12 +2,14 @@
 
 #include "base/WholeFile.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QLockFile>
 #include <QLoggingCategory>
+#include <QThread>
 
 #include <algorithm>
 
@@ -17,8 +19,22 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcSettings, "tesk.settings")
 
-/// How long a write waits for another program's. Both take a few milliseconds.
+/// How long a write waits for another program's, and how often it looks. Both take a few
+/// milliseconds.
 constexpr int LockMilliseconds = 1000;
+constexpr int LookMilliseconds = 5;
+
+/// The class's own waiting looks five times in a second, too seldom while others write a lot.
+bool WaitForLock(QLockFile &lock)
+{
+    const QDeadlineTimer deadline(LockMilliseconds);
+    while (!lock.tryLock(0)) {
+        if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired())
+            return false;
+        QThread::msleep(LookMilliseconds);
+    }
+    return true;
+}
 
 QByteArray BytesOf(const QString &fileName)
 {
@@ -44,7 +60,7 @@ void SettingsFile::Update(const std::function<void(QJsonObject &)> &change) cons
         return;
     }
     QLockFile lock(fileName + QLatin1String(".lock"));
-    if (!lock.tryLock(LockMilliseconds)) {
+    if (!WaitForLock(lock)) {
         qCWarning(lcSettings) << "The settings cannot be locked for writing:" << fileName;
         return;
     }
