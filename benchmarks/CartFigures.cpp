@@ -59,9 +59,13 @@ void MeasureCart(const Extent &extent)
         controller.AddProductToCart(id, 1, QString());
     clsShoppingCart &cart = controller.GetShoppingCart();
     TimeOfPage(window.Catalogue().Window());
-    const qsizetype shown = CartTab(window.Catalogue()).Lines().size();
+    const int shown =
+        CartTab(window.Catalogue())
+            .Page()
+            .Evaluate(QStringLiteral("document.querySelectorAll('#list tr.contListRow').length"))
+            .toInt();
     if (shown < Lines)
-        qFatal("the cart's page shows %lld lines", static_cast<long long>(shown));
+        qFatal("the cart's page shows %d lines", shown);
 
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("cart.csv"));

@@ -41,6 +41,11 @@ Controller::Controller(const QString &folder, Registry &registry, const QString 
 
 Controller::~Controller() = default;
 
+void Controller::BeginInitApplication()
+{
+    database.BeginOpen(PathOf(DatabaseFile));
+}
+
 void Controller::InitApplication()
 {
     isStarting = true;

@@ -27,6 +27,8 @@ public:
     Controller(const Controller &) = delete;
     Controller &operator=(const Controller &) = delete;
 
+    /// Begins to open the database beside whatever else the program does before InitApplication().
+    void BeginInitApplication();
     /// The start-up sequence; called once. Throws FileError when resources.chm, catalog.db or a
     /// language file is missing, DuplicateKeyError for two data sheets of one key or a doubled
     /// language key: the program cannot run then. A database that cannot be opened is no error

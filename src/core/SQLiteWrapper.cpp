@@ -12,6 +12,8 @@
 #include <QDir>
 
 #include <exception>
+#include <future>
+#include <system_error>
 #include <utility>
 
 namespace Tesk {
@@ -34,6 +36,21 @@ QByteArray StatementText(const QString &sql, Database::FileVersion version)
     return CodePage::FromBytes(CodePage::ToBytes(text)).toUtf8();
 }
 
+struct OpenedFile
+{
+    Database::CatalogueConnection catalogue;
+    Database::TableSchema schema;
+};
+
+/// Throws FileError or Sqlite2::Error.
+OpenedFile OpenFile(const QString &fileName, const QString &cacheFolder)
+{
+    OpenedFile opened{Database::OpenCatalogue(fileName, cacheFolder), {}};
+    Database::Execute(opened.catalogue.connection.get(), Settings);
+    opened.schema = Database::TableSchema(opened.catalogue.connection.get());
+    return opened;
+}
+
 } // namespace
 
 class SQLiteWrapper::Private
@@ -44,17 +61,21 @@ public:
     Database::TableSchema schema;
     Database::CatalogueConnection catalogue;
 
+    /// What is being opened on another thread, and its name.
+    std::future<OpenedFile> begun;
+    QString begunName;
+
     void Open(const QString &fileName);
     ResultTable Run(const QString &sql) const;
 };
 
 void SQLiteWrapper::Private::Open(const QString &fileName)
 {
-    Database::CatalogueConnection opened = Database::OpenCatalogue(fileName, cacheFolder);
-    Database::Execute(opened.connection.get(), Settings);
-    schema = Database::TableSchema(opened.connection.get());
-    Database::GuardConnection(opened.connection.get(), schema);
-    catalogue = std::move(opened);
+    const bool isBegun = begun.valid() && begunName == fileName;
+    OpenedFile opened = isBegun ? begun.get() : OpenFile(fileName, cacheFolder);
+    schema = std::move(opened.schema);
+    Database::GuardConnection(opened.catalogue.connection.get(), schema);
+    catalogue = std::move(opened.catalogue);
 }
 
 /// Throws FileError.
@@ -74,6 +95,17 @@ SQLiteWrapper::SQLiteWrapper(const QString &cacheFolder)
 }
 
 SQLiteWrapper::~SQLiteWrapper() = default;
+
+void SQLiteWrapper::BeginOpen(const QString &fileName)
+{
+    try {
+        d->begun = std::async(std::launch::async, OpenFile, fileName, d->cacheFolder);
+        d->begunName = fileName;
+    } catch (const std::system_error &error) {
+        // Without a thread Open() does all of it.
+        qCWarning(Database::log) << error.what();
+    }
+}
 
 bool SQLiteWrapper::Open(const QString &fileName, QString *errorText)
 {

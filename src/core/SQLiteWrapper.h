@@ -22,6 +22,9 @@ public:
     SQLiteWrapper(const SQLiteWrapper &) = delete;
     SQLiteWrapper &operator=(const SQLiteWrapper &) = delete;
 
+    /// Begins to open the file on another thread. Open() of the same name then only waits for the
+    /// rest.
+    void BeginOpen(const QString &fileName);
     /// Opens the file. On failure the reason goes to the logging category "tesk.database" and into
     /// `errorText`, the result is false and every query yields no rows.
     bool Open(const QString &fileName, QString *errorText = nullptr);

@@ -1,4 +1,5 @@
 #include "browser/WebBrowser.h"
+#include "cart/pane/ShoppingCart.h"
 #include "support/CartTab.h"
 #include "support/CatalogueWindow.h"
 #include "support/Dialogs.h"
@@ -66,6 +67,26 @@ private Q_SLOTS:
         catalogue.Window().ShowCartTab();
         QVERIFY(cart.IsCurrent());
         QVERIFY(cart.WaitForLines({Scissors, OtherScissors}));
+    }
+
+    void testPageInFrontDoesNotWaitForTheCarts()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        const WebBrowser *const browser = catalogue.Window().ucShoppingCart->Browser();
+        QCOMPARE(browser->Address(), QString());
+        ClickOn(catalogue.Window().header->btnLang[0]);
+        QVERIFY(catalogue.WaitFor(QStringLiteral("welcome.html"),
+                                  QStringLiteral("document.getElementById('captionHead').innerText"
+                                                 " === 'Willkommen bei Tesk Instruments'")));
+        QCOMPARE(browser->Address(), QString());
+
+        CartTab cart(catalogue);
+        QVERIFY(cart.Open());
+        QVERIFY(cart.WaitForText(QStringLiteral("Ihr Warenkorb ist leer.")));
+        // In front it changes with the rest.
+        ClickOn(catalogue.Window().header->btnLang[1]);
+        QVERIFY(cart.WaitForText(QStringLiteral("Your shopping cart is empty.")));
     }
 
     void testClickOnTheTabLeavesNoButtonWithTheFocus()

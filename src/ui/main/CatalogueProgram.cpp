@@ -36,6 +36,8 @@ int RunCatalogue(const QString &applicationDirectory, const QString &settingsFil
 {
     Registry registry(settingsFile);
     Controller controller(applicationDirectory, registry, cacheFolder);
+    // The browser engine takes its time as well.
+    controller.BeginInitApplication();
     // Lives longer than the window, whose pages use the profile.
     QObject profileOwner;
     QWebEngineProfile *const profile = CreateLocalProfile(applicationDirectory + QDir::separator() +

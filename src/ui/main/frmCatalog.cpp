@@ -144,8 +144,7 @@ void frmCatalog::ConnectCart()
     });
     connect(ucShoppingCart, &ShoppingCart::OnProductSelect, this,
             &frmCatalog::ShowStandaloneDetails);
-    connect(menuCommands, &MenuCommands::PriceListLoaded, ucShoppingCart,
-            &ShoppingCart::Initialize);
+    connect(menuCommands, &MenuCommands::PriceListLoaded, this, &frmCatalog::RefreshCart);
     connect(menuCommands, &MenuCommands::ContactDone, this, [this](bool isForPrinting) {
         ShowCartTab();
         ucShoppingCart->ExtContactCall(isForPrinting);
@@ -200,7 +199,6 @@ QString frmCatalog::Load()
 {
     controller.InitApplication();
     ApplyGuiTexts();
-    ucShoppingCart->Initialize();
     MarkCurrentLanguage();
     QString priceListMessage = controller.Prices().LoadPriceListAtStart();
     GoHome();
@@ -222,7 +220,7 @@ void frmCatalog::ApplyGuiTexts()
     scroller->DisableScroller();
     ucSearchDetail->Initialize();
     ucShoppingCart->InitGui();
-    ucShoppingCart->Initialize();
+    RefreshCart();
     if (currentNode == nullptr) {
         SetStatusText(QString());
         SetBreadcrumb({});
@@ -231,6 +229,14 @@ void frmCatalog::ApplyGuiTexts()
         SetBreadcrumb(BuildBreadcrumbPath(currentNode));
     }
     ReloadPage();
+}
+
+/// The pane shows the cart anew whenever its tab becomes current. Until then nobody sees it, and
+/// the page in front is the first to have the engine.
+void frmCatalog::RefreshCart()
+{
+    if (tabMain->currentIndex() == CartTab)
+        ucShoppingCart->Initialize();
 }
 
 void frmCatalog::FillCategoryTree()

@@ -74,6 +74,7 @@ private:
     void ConnectControls();
     void ConnectNavigation();
     void ConnectCart();
+    void RefreshCart();
     void ConnectPrinting();
     void ConnectKeys();
     void ConnectZoom();

@@ -46,6 +46,9 @@ private Q_SLOTS:
     void testClosedDatabaseGivesNoRows();
     void testReopenReplacesTheDatabase();
     void testFailedOpenLeavesNothingOpen();
+    void testBegunOpenNeedsNothingMoreOfTheFile();
+    void testBegunOpenOfAnotherFileIsLeft();
+    void testBegunOpenTellsItsFailure();
     void testVersion3FileOpens();
     void testVersion3FileKeepsItsCharacters();
     void testVersion3FileInWriteAheadModeLeavesNoFiles();
@@ -232,6 +235,39 @@ void TestSQLiteWrapper::testFailedOpenLeavesNothingOpen()
     SQLiteWrapper other{QString()};
     QVERIFY(other.Open(SampleFile(QStringLiteral("catalog.db"))));
     QVERIFY(!other.Open(folder.filePath(QStringLiteral("missing.db"))));
+    QVERIFY(!other.IsOpen());
+}
+
+void TestSQLiteWrapper::testBegunOpenNeedsNothingMoreOfTheFile()
+{
+    const QString file = folder.filePath(QStringLiteral("begun.db"));
+    QVERIFY(QFile::copy(SampleFile(QStringLiteral("catalog.db")), file));
+    const QString cache = folder.filePath(QStringLiteral("begun"));
+    SQLiteWrapper other(cache);
+    other.BeginOpen(file);
+    QTRY_VERIFY(!QDir(cache).entryList({QStringLiteral("*.db")}, QDir::Files).isEmpty());
+    QVERIFY(QFile::remove(file));
+    QVERIFY(other.Open(file));
+    QCOMPARE(RowsOf(other.GetTable(Sql(ProductOne))), RowsOf(database.GetTable(Sql(ProductOne))));
+    QVERIFY(!other.Open(file));
+}
+
+void TestSQLiteWrapper::testBegunOpenOfAnotherFileIsLeft()
+{
+    SQLiteWrapper other{QString()};
+    other.BeginOpen(SampleFile(QStringLiteral("typing.db")));
+    QVERIFY(other.Open(SampleFile(QStringLiteral("catalog.db"))));
+    QCOMPARE(RowsOf(other.GetTable(Sql(ProductOne))), RowsOf(database.GetTable(Sql(ProductOne))));
+}
+
+void TestSQLiteWrapper::testBegunOpenTellsItsFailure()
+{
+    const QString missing = folder.filePath(QStringLiteral("missing.db"));
+    SQLiteWrapper other{QString()};
+    other.BeginOpen(missing);
+    QString error;
+    QVERIFY(!other.Open(missing, &error));
+    QVERIFY2(error.contains(QLatin1String("missing.db")), qPrintable(error));
     QVERIFY(!other.IsOpen());
 }
 
