@@ -50,13 +50,9 @@ public:
             return;
         const std::uint64_t old = Number(place, isBigEndian);
         const std::uint64_t small = Below(8);
-        const std::array<std::uint64_t, 7> values{small,
-                                                  old + small,
-                                                  old - small,
-                                                  old ^ std::uint64_t{1} << Below(8 * place.size),
-                                                  Below(limit),
-                                                  ~small,
-                                                  random()};
+        const std::array<std::uint64_t, 7> values{
+            small,        old + small, old - small, old ^ std::uint64_t{1} << Below(8 * place.size),
+            Below(limit), ~small,      random()};
         Put(place, isBigEndian, values[Below(values.size())]);
     }
 
