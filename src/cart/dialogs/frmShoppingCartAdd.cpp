@@ -1,5 +1,7 @@
 #include "cart/dialogs/frmShoppingCartAdd.h"
 
+#include "cart/dialogs/DialogMargin.h"
+
 #include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
@@ -15,7 +17,6 @@ namespace Tesk {
 
 namespace {
 
-constexpr int Margin = 16;
 constexpr int RowSpacing = 8;
 constexpr int ColumnSpacing = 12;
 constexpr int ArtNrCharacters = 22;
@@ -78,8 +79,8 @@ void frmShoppingCartAdd::Build()
     buttons->addWidget(btnOK);
 
     auto *const parts = new QVBoxLayout(this);
-    parts->setContentsMargins(Margin, Margin, Margin, Margin);
-    parts->setSpacing(Margin);
+    parts->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+    parts->setSpacing(DialogMargin);
     parts->addLayout(grid);
     parts->addStretch();
     parts->addLayout(buttons);

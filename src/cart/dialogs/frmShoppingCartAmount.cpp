@@ -2,6 +2,7 @@
 
 #include "base/Numbers.h"
 #include "cart/dialogs/AmountText.h"
+#include "cart/dialogs/DialogMargin.h"
 
 #include <QAccessible>
 #include <QBoxLayout>
@@ -19,7 +20,6 @@ namespace Tesk {
 
 namespace {
 
-constexpr int Margin = 16;
 constexpr int AmountFieldCharacters = 10;
 constexpr int LongestErrorLineCharacters = 60;
 constexpr QColor ErrorOnLight(176, 0, 32);
@@ -80,11 +80,11 @@ void frmShoppingCartAmount::Build()
     buttons->addWidget(OKButton);
 
     auto *rows = new QVBoxLayout(this);
-    rows->setContentsMargins(Margin, Margin, Margin, Margin);
+    rows->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
     rows->addWidget(lblAmount);
     rows->addWidget(tbAmount, 0, Qt::AlignLeft);
     rows->addWidget(lblError);
-    rows->addSpacing(Margin / 2);
+    rows->addSpacing(DialogMargin / 2);
     rows->addStretch();
     rows->addLayout(buttons);
 

@@ -11,7 +11,6 @@ namespace Sqlite2 {
 
 namespace {
 
-constexpr auto pageBytes = static_cast<qsizetype>(Format::pageSize);
 constexpr auto localBytes = static_cast<qsizetype>(Format::maxLocalPayload);
 
 /// The position of the column that is declared as the integer primary key; −1 without one.

@@ -1,7 +1,5 @@
 #include "StructureChecker.h"
 
-#include "sqlite2/Format.h"
-
 #include <algorithm>
 #include <stdexcept>
 
@@ -9,7 +7,6 @@ namespace Sqlite2 {
 
 namespace {
 
-constexpr auto pageBytes = static_cast<qsizetype>(Format::pageSize);
 constexpr int localPayload = static_cast<int>(Format::maxLocalPayload);
 
 /// The values of a record of `sqlite_master`; all its texts are short of 64 KB.

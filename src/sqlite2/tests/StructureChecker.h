@@ -1,10 +1,15 @@
 #pragma once
 
+#include "sqlite2/Format.h"
+
 #include <QByteArray>
 #include <QMap>
 #include <QStringList>
 
 namespace Sqlite2 {
+
+/// The bytes of a page, to reckon with positions in Qt's byte arrays.
+inline constexpr auto pageBytes = static_cast<qsizetype>(Format::pageSize);
 
 /// Looks over a whole version 2 file for what a reader of tables need not notice. It reads the
 /// bytes by itself and shares nothing with the library but the format's measures.

@@ -2,8 +2,8 @@
 
 #include "about/ProgramInfo.h"
 #include "base/Errors.h"
+#include "ui/main/Log.h"
 
-#include <QLoggingCategory>
 #include <QMessageBox>
 #include <QScopeGuard>
 #include <QTimer>
@@ -11,12 +11,6 @@
 #include <utility>
 
 namespace Tesk {
-
-namespace {
-
-Q_LOGGING_CATEGORY(applicationLog, "tesk.application")
-
-} // namespace
 
 CatalogApplication::CatalogApplication(int &argc, char **argv)
     : QApplication(argc, argv)

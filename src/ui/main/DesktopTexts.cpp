@@ -1,14 +1,13 @@
 #include "ui/main/DesktopTexts.h"
 
+#include "ui/main/Log.h"
+
 #include <QCoreApplication>
 #include <QLibraryInfo>
-#include <QLoggingCategory>
 
 namespace Tesk {
 
 namespace {
-
-Q_LOGGING_CATEGORY(applicationLog, "tesk.application")
 
 /// The library names languages by their ISO codes.
 QString IsoCode(const QString &code)

@@ -40,9 +40,9 @@ namespace Tesk {
 
 namespace {
 
-const QLatin1String CategoryPage{"category_list.html?id="};
-const QLatin1String ListPage{"product_list.html?firstItem=1&id="};
-const QLatin1String DetailsPage{"product_details.html?id="};
+const QLatin1String CategoryAddress{"category_list.html?id="};
+const QLatin1String ListAddress{"product_list.html?firstItem=1&id="};
+const QLatin1String DetailsAddress{"product_details.html?id="};
 
 const Crumb HomeCrumb{QStringLiteral("tesk-shop"), QStringLiteral("default.html")};
 const QString SearchCrumbCaption = QStringLiteral("Detailsuche");
@@ -272,7 +272,7 @@ void frmCatalog::TreeViewCategories_NodeClick(const CategoryNode *node)
 {
     MarkNavEntry(node);
     pointer.SetHourglass();
-    ShowContent((node->HasChildren() ? CategoryPage : ListPage) + node->tag);
+    ShowContent((node->HasChildren() ? CategoryAddress : ListAddress) + node->tag);
     MarkNode(node);
 }
 
@@ -349,21 +349,21 @@ void frmCatalog::SelectCrumb(const QString &link)
     if (link.contains(HomeCrumb.link))
         GoHome();
     else if (link.contains(QLatin1String("category_list.html")))
-        ShowContent(CategoryPage + id);
+        ShowContent(CategoryAddress + id);
     else if (link.contains(QLatin1String("product_list.html")))
-        ShowContent(ListPage + id);
+        ShowContent(ListAddress + id);
 }
 
 void frmCatalog::ShowItem(qint16 index)
 {
     if (index >= 1 && index <= protocol->ProductRows().UpperRow())
-        ShowContent(DetailsPage + protocol->ProductRows().Text(index, 0));
+        ShowContent(DetailsAddress + protocol->ProductRows().Text(index, 0));
 }
 
 void frmCatalog::ShowStandaloneDetails(const QString &id)
 {
     protocol->SetProductRows(controller.Queries().QueryProduct(id));
-    OpenContent(DetailsPage + id);
+    OpenContent(DetailsAddress + id);
     tabMain->setCurrentIndex(ProductsTab);
     protocol->SetStandaloneDetails(true);
 }
@@ -372,7 +372,7 @@ void frmCatalog::ShowSearchResults(const ResultTable &rows)
 {
     protocol->SetSearchRows(rows);
     SelectCategory(nullptr);
-    ShowContent(ListPage);
+    ShowContent(ListAddress);
     wbMain->setFocus();
 }
 

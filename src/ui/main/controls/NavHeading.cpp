@@ -13,9 +13,9 @@ namespace Tesk {
 namespace {
 
 // All in twips.
-constexpr int CaptionLeft = 50;
-constexpr int CaptionTop = 30;
-constexpr int CaptionWidth = 2940 - CaptionLeft; ///< the caption's place, less a margin
+constexpr int HeadingLeft = 50;
+constexpr int HeadingTop = 30;
+constexpr int HeadingWidth = 2940 - HeadingLeft; ///< the caption's place, less a margin
 constexpr int UsualHeight = 250;
 
 /// A caption that is too wide is drawn narrower down to this share, then cut.
@@ -56,21 +56,21 @@ QFont NavHeading::CaptionFont() const
 
 int NavHeading::BandHeight() const
 {
-    const int needed = CaptionTop + Twips::FromPixels(QFontMetrics(CaptionFont()).height());
+    const int needed = HeadingTop + Twips::FromPixels(QFontMetrics(CaptionFont()).height());
     // Less than a pixel more holds nothing but the empty row under the letters.
-    return needed < UsualHeight + Twips::PerPixel ? UsualHeight : needed + CaptionTop;
+    return needed < UsualHeight + Twips::PerPixel ? UsualHeight : needed + HeadingTop;
 }
 
 double NavHeading::Stretch() const
 {
     const double usual = QFontMetricsF(CaptionFont()).horizontalAdvance(caption);
-    return std::clamp(Twips::ToPixels(CaptionWidth) / std::max(1.0, usual), LeastStretch, 1.0);
+    return std::clamp(Twips::ToPixels(HeadingWidth) / std::max(1.0, usual), LeastStretch, 1.0);
 }
 
 QString NavHeading::ShownCaption() const
 {
     // Half a pixel more, for what dividing and multiplying again may lose.
-    const double width = Twips::ToPixels(CaptionWidth) / Stretch() + 0.5;
+    const double width = Twips::ToPixels(HeadingWidth) / Stretch() + 0.5;
     return QFontMetricsF(CaptionFont()).elidedText(caption, Qt::ElideRight, width);
 }
 
@@ -80,8 +80,8 @@ void NavHeading::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), Colours::Band);
     painter.setPen(Colours::OnBand);
     painter.setFont(CaptionFont());
-    painter.translate(Twips::ToPixels(CaptionLeft),
-                      Twips::ToPixels(CaptionTop) + painter.fontMetrics().ascent());
+    painter.translate(Twips::ToPixels(HeadingLeft),
+                      Twips::ToPixels(HeadingTop) + painter.fontMetrics().ascent());
     painter.scale(Stretch(), 1);
     painter.drawText(0, 0, ShownCaption());
 }

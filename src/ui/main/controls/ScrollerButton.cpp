@@ -12,7 +12,7 @@ namespace Tesk {
 namespace {
 
 // In pixels.
-constexpr int LeastHeight = 20;
+constexpr int LeastButtonHeight = 20;
 constexpr int PictureButtonWidth = 24;
 constexpr int CaptionMargin = 9;
 constexpr double CornerRadius = 2;
@@ -46,7 +46,7 @@ ScrollerButton::ScrollerButton(Picture buttonPicture, QWidget *parent)
 
 QSize ScrollerButton::sizeHint() const
 {
-    const int height = std::max(LeastHeight, fontMetrics().height() + 4);
+    const int height = std::max(LeastButtonHeight, fontMetrics().height() + 4);
     if (picture != Picture::None)
         return {PictureButtonWidth, height};
     const QSize caption = fontMetrics().size(Qt::TextShowMnemonic | Qt::TextSingleLine, text());
