@@ -28,9 +28,6 @@ function(tesk_program target)
     tesk_compile_options(${target})
 endfunction()
 
-# Builds the tests of what reads foreign bytes, which ./test also runs under the sanitizers.
-add_custom_target(foreign_bytes_tests)
-
 # The headers that most tests of windows need, parsed once for all of them: half of their time went
 # into that. Qt Test's are left out, which differ from target to target by their definitions.
 file(WRITE "${CMAKE_BINARY_DIR}/tesk_test_headers.cpp" "")
@@ -64,11 +61,10 @@ function(tesk_needs_widgets result)
     endforeach()
 endfunction()
 
-# tesk_test(NAME SOURCES source... LINK library... [FOREIGN_BYTES] [ENVIRONMENT name=value...]): a
-# Qt Test executable that CTest runs without a display. TEST_DATA_DIR names the folder data/ beside
-# it. FOREIGN_BYTES: it tests what reads files that others wrote.
+# tesk_test(NAME SOURCES source... LINK library... [ENVIRONMENT name=value...]): a Qt Test executable
+# that CTest runs without a display. TEST_DATA_DIR names the folder data/ beside it.
 function(tesk_test target)
-    cmake_parse_arguments(arg "FOREIGN_BYTES" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
     tesk_program(${target} ${arg_SOURCES})
     target_link_libraries(${target} PRIVATE ${arg_LINK} Qt6::Test)
     target_compile_definitions(${target} PRIVATE TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}/data")
@@ -80,8 +76,11 @@ function(tesk_test target)
     set_tests_properties(${target} PROPERTIES
         TIMEOUT 300
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QTWEBENGINE_DISABLE_SANDBOX=1;LC_ALL=C.UTF-8;${arg_ENVIRONMENT}")
-    if(arg_FOREIGN_BYTES)
-        add_dependencies(foreign_bytes_tests ${target})
-        set_tests_properties(${target} PROPERTIES LABELS foreign-bytes)
+endfunction()
+
+# tesk_unit_tests(FOLDER): the tests of the code they stand beside, if this build is to have them.
+function(tesk_unit_tests folder)
+    if(TESK_UNIT_TESTS)
+        add_subdirectory(${folder})
     endif()
 endfunction()
