@@ -24,11 +24,13 @@ struct EngineSwitch
     const char *value;
 };
 
-const std::array<EngineSwitch, 3> switches = {{
+const std::array<EngineSwitch, 4> switches = {{
     // No host has an address, given in figures or not.
     {"--host-resolver-rules", "\"MAP * ~NOTFOUND\""},
     // Calls between browsers send datagrams that no request interceptor sees.
     {"--force-webrtc-ip-handling-policy", "disable_non_proxied_udp"},
+    // What these load passes the gate by.
+    {"--disable-shared-workers", ""},
     // Files and container would have a process each: going from one to the other would start
     // another every time, which doubles the time that it takes.
     {"--renderer-process-limit", "1"},
@@ -48,7 +50,8 @@ void AddSwitches()
     QByteArray flags = qgetenv(switchesVariable);
     for (const EngineSwitch &added : switches) {
         if (!flags.contains(added.name))
-            flags += QByteArray(flags.isEmpty() ? "" : " ") + added.name + '=' + added.value;
+            flags += QByteArray(flags.isEmpty() ? "" : " ") + added.name +
+                     QByteArray(*added.value == 0 ? "" : "=") + added.value;
     }
     qputenv(switchesVariable, flags);
 }

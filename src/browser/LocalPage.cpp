@@ -1,13 +1,19 @@
 #include "browser/LocalPage.h"
 
 #include "browser/Log.h"
+#include "browser/PagePermissions.h"
 #include "browser/RequestGate.h"
 
+#include <QCoreApplication>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineView>
+
+#include <algorithm>
+#include <array>
 
 namespace Tesk {
 namespace {
@@ -15,6 +21,23 @@ namespace {
 void LogRefusal(const QUrl &url)
 {
     qCWarning(gateLog, "refused: %ls", qUtf16Printable(url.toDisplayString()));
+}
+
+/// What the engine itself refuses never comes to the gate.
+bool IsRefusal(const QString &message)
+{
+    return std::ranges::any_of(
+        std::array{"Not allowed to load local resource", "Not allowed to navigate",
+                   "Unsafe attempt to load URL"},
+        [&message](const char *beginning) { return message.startsWith(QLatin1String(beginning)); });
+}
+
+/// What the engine asks when a page does not want to be left.
+QString LeaveQuestion()
+{
+    return QCoreApplication::translate("QWebEnginePage",
+                                       "Are you sure you want to leave this page? Changes that you "
+                                       "made may not be saved.");
 }
 
 /// The pages are the program's own, so their questions come under its window's title.
@@ -35,6 +58,7 @@ LocalPage::LocalPage(QWebEngineProfile *profile, QObject *parent)
 {
     connect(this, &QWebEnginePage::newWindowRequested, this, &LocalPage::OpenHere);
     connect(this, &QWebEnginePage::loadingChanged, this, &LocalPage::ReportUnasked);
+    RefusePermissions(*this);
 }
 
 bool LocalPage::acceptNavigationRequest(const QUrl &url, NavigationType, bool)
@@ -80,19 +104,46 @@ void LocalPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level,
         Q_EMIT DocumentLoaded(report->text);
     else if (report)
         Q_EMIT DocumentCreated(report->text);
+    else if (level == ErrorMessageLevel && IsRefusal(message))
+        qCWarning(gateLog, "%ls", qUtf16Printable(message));
     else if (level == ErrorMessageLevel)
         qCWarning(pageLog, "%ls:%d: %ls", qUtf16Printable(source), line, qUtf16Printable(message));
     else
         qCInfo(pageLog, "%ls:%d: %ls", qUtf16Printable(source), line, qUtf16Printable(message));
 }
 
+/// Lets the question come before the user, unless the page has asked too many.
+bool LocalPage::MayAsk(const QString &message)
+{
+    const bool mayAsk = questions.Allows();
+    if (questions.IsFirstRefusal())
+        qCWarning(gateLog, "refused: further questions of the page, \"%ls\"",
+                  qUtf16Printable(message));
+    return mayAsk;
+}
+
+QStringList LocalPage::chooseFiles(FileSelectionMode, const QStringList &, const QStringList &)
+{
+    qCWarning(gateLog, "refused to a page: the choice of a file");
+    return {};
+}
+
 void LocalPage::javaScriptAlert(const QUrl &, const QString &message)
 {
+    if (!MayAsk(message))
+        return;
+    const QScopeGuard end([this] { questions.Ended(); });
     Ask(this, QMessageBox::Information, QMessageBox::Ok, message);
 }
 
 bool LocalPage::javaScriptConfirm(const QUrl &, const QString &message)
 {
+    // Every page may be left; what must not be lost is with the program.
+    if (message == LeaveQuestion())
+        return true;
+    if (!MayAsk(message))
+        return false;
+    const QScopeGuard end([this] { questions.Ended(); });
     return Ask(this, QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel, message) ==
            QMessageBox::Ok;
 }
@@ -100,6 +151,9 @@ bool LocalPage::javaScriptConfirm(const QUrl &, const QString &message)
 bool LocalPage::javaScriptPrompt(const QUrl &, const QString &message, const QString &preset,
                                  QString *answer)
 {
+    if (!MayAsk(message))
+        return false;
+    const QScopeGuard end([this] { questions.Ended(); });
     QWidget *window = QWebEngineView::forPage(this)->window();
     bool confirmed = false;
     *answer = QInputDialog::getText(window, window->windowTitle(), message, QLineEdit::Normal,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browser/DialogLimit.h"
 #include "browser/PageChannel.h"
 
 #include <QUrl>
@@ -28,18 +29,22 @@ protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
     void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message,
                                   int line, const QString &source) override;
+    QStringList chooseFiles(FileSelectionMode mode, const QStringList &oldFiles,
+                            const QStringList &acceptedTypes) override;
     void javaScriptAlert(const QUrl &origin, const QString &message) override;
     bool javaScriptConfirm(const QUrl &origin, const QString &message) override;
     bool javaScriptPrompt(const QUrl &origin, const QString &message, const QString &preset,
                           QString *answer) override;
 
 private:
+    bool MayAsk(const QString &message);
     void OpenHere(QWebEngineNewWindowRequest &request);
     void ReportUnasked(const QWebEngineLoadingInfo &info);
 
     PageChannel &channel;
     /// The last address of another program that the engine asked about.
     QUrl answered;
+    DialogLimit questions;
 };
 
 } // namespace Tesk

@@ -45,7 +45,11 @@ bool RequestGate::Allows(const QUrl &url) const
     if (!url.host().isEmpty())
         return false;
     const QString path = QDir::cleanPath(url.toLocalFile());
-    return IsBelow(path, spelledRoot) || IsBelow(path, canonicalRoot);
+    if (!IsBelow(path, spelledRoot) && !IsBelow(path, canonicalRoot))
+        return false;
+    // A link on the disk may lead out. What does not exist passes, so that it is told as missing.
+    const QString target = QFileInfo(path).canonicalFilePath();
+    return target.isEmpty() || IsBelow(target, canonicalRoot);
 }
 
 void RequestGate::interceptRequest(QWebEngineUrlRequestInfo &request)

@@ -41,6 +41,11 @@ private Q_SLOTS:
         QVERIFY(qgetenv(switchesVariable).contains("--host-resolver-rules=\"MAP * ~NOTFOUND\""));
     }
 
+    void testSwitchWithoutAValueHasNone()
+    {
+        QVERIFY((qgetenv(switchesVariable) + ' ').contains(" --disable-shared-workers "));
+    }
+
     void testSandboxStaysForEverybodyButRoot()
     {
 #ifdef Q_OS_UNIX

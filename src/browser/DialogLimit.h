@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QElapsedTimer>
+
+namespace Tesk {
+
+/// Keeps a page from holding the user with dialog after dialog. A dialog is one of a row when it
+/// comes within a second of the end of the last one, too soon for a click of the user; of a row, the
+/// first five open. Whatever comes after them is refused until the page has been quiet for a second.
+class DialogLimit final
+{
+public:
+    static constexpr int longestRow = 5;
+    static constexpr int quietTime = 1000; // milliseconds
+
+    /// Whether the next dialog may open. One that may must be followed by Ended().
+    bool Allows();
+    /// The dialog was closed.
+    void Ended();
+    /// Whether the last answer of Allows() was the first refusal of its row.
+    bool IsFirstRefusal() const { return inRow == longestRow + 1; }
+
+private:
+    QElapsedTimer sinceLast;
+    int inRow = 0;
+};
+
+} // namespace Tesk
