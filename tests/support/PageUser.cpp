@@ -80,7 +80,9 @@ std::optional<QPoint> PageUser::PlaceOf(const QString &selector)
             .toList();
     if (place.size() != 2)
         return std::nullopt;
-    return QPoint(qRound(place[0].toDouble()), qRound(place[1].toDouble()));
+    // The page counts in its own pixels.
+    return (QPointF(place[0].toDouble(), place[1].toDouble()) * browser.View()->zoomFactor())
+        .toPoint();
 }
 
 /// The engine's own widget, which takes what the user does.
