@@ -19,6 +19,7 @@ constexpr Extent QuickExtent{3, 600};
 const std::map<QString, void (*)(const Extent &)> Groups{
     {QStringLiteral("head"), [](const Extent &) { PrintTableHead(); }},
     {QStringLiteral("pages"), &SavePages},
+    {QStringLiteral("window"), &ShowWindow},
     {QStringLiteral("start"), &MeasureStart},
     {QStringLiteral("browsing"), &MeasureBrowsing},
     {QStringLiteral("searches"), &MeasureSearches},

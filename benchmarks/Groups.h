@@ -12,6 +12,8 @@ struct Extent
 
 /// Prints no row: saves the pages that the bare window shows.
 void SavePages(const Extent &extent);
+/// Prints no row: shows the window whose memory MeasureMemory() measures.
+void ShowWindow(const Extent &extent);
 
 void MeasureStart(const Extent &extent);
 void MeasureMemory(const Extent &extent);

@@ -1,6 +1,7 @@
 #include "core/database/CatalogueCache.h"
 
 #include "base/WholeFile.h"
+#include "core/database/FileStamp.h"
 #include "core/database/Logging.h"
 #include "core/database/SourceIdentity.h"
 
@@ -59,6 +60,45 @@ QString CatalogueCache::Find(const QString &sourceName, const QByteArray &identi
         return {};
     const bool isWhole = seal == SealOf(identity, imageSize, HashOfContent(file, imageSize));
     return isWhole ? file.fileName() : QString();
+}
+
+QString CatalogueCache::NoteNameOf(const QString &sourceName) const
+{
+    return FileNameOf(sourceName) + QStringLiteral(".checked");
+}
+
+QByteArray CatalogueCache::StampsOf(const QString &sourceName) const
+{
+    if (folder.isEmpty())
+        return {};
+    const auto source = StampOf(sourceName);
+    const auto journal = StampOf(JournalOf(sourceName));
+    const auto kept = StampOf(FileNameOf(sourceName));
+    if (!source || source->isEmpty() || !journal || !kept || kept->isEmpty())
+        return {};
+    QByteArray stamps = ImportRules();
+    QDataStream stream(&stamps, QIODevice::WriteOnly | QIODevice::Append);
+    stream << *source << *journal << *kept;
+    return stamps;
+}
+
+QString CatalogueCache::FindChecked(const QString &sourceName, const QByteArray &stamps) const
+{
+    QFile note(NoteNameOf(sourceName));
+    const bool isNoted = !stamps.isEmpty() && note.open(QIODevice::ReadOnly) &&
+                         note.read(stamps.size() + 1) == stamps;
+    return isNoted ? FileNameOf(sourceName) : QString();
+}
+
+void CatalogueCache::NoteChecked(const QString &sourceName, const QByteArray &stamps) const
+{
+    if (stamps.isEmpty())
+        return;
+    QString reason;
+    if (!WholeFile::Replace(NoteNameOf(sourceName), {stamps}, &reason))
+        qCInfo(log).noquote() << QStringLiteral("%1 cannot be written (%2).")
+                                     .arg(QDir::toNativeSeparators(NoteNameOf(sourceName)), reason);
+    WholeFile::RemoveLeftovers(NoteNameOf(sourceName));
 }
 
 QString CatalogueCache::Store(const QString &sourceName, const QByteArray &identity,

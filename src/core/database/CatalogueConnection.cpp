@@ -54,9 +54,14 @@ Connection OpenKept(const QString &fileName)
 
 Connection OpenVersion2(const QString &fileName, const CatalogueCache &cache)
 {
-    const QByteArray identity = IdentityOf(fileName);
-    if (Connection kept = OpenKept(cache.Find(fileName, identity)))
+    const QByteArray stamps = cache.StampsOf(fileName);
+    if (Connection kept = OpenKept(cache.FindChecked(fileName, stamps)))
         return kept;
+    const QByteArray identity = IdentityOf(fileName);
+    if (Connection kept = OpenKept(cache.Find(fileName, identity))) {
+        cache.NoteChecked(fileName, stamps);
+        return kept;
+    }
 
     Image image = ImportVersion2File(fileName);
     const QByteArrayView bytes(image.bytes.get(), static_cast<qsizetype>(image.size));

@@ -44,16 +44,28 @@ quint64 CodePageHash()
 
 } // namespace
 
+QByteArray ImportRules()
+{
+    QByteArray rules;
+    QDataStream stream(&rules, QIODevice::WriteOnly);
+    stream << ImportFormat << CodePageHash();
+    return rules;
+}
+
+QString JournalOf(const QString &fileName)
+{
+    return fileName + QStringLiteral("-journal");
+}
+
 QByteArray IdentityOf(const QString &fileName)
 {
-    const QString journalName = fileName + QStringLiteral("-journal");
+    const QString journalName = JournalOf(fileName);
     const ContentHash content = HashOfFile(fileName);
     const ContentHash journal =
         QFile::exists(journalName) ? HashOfFile(journalName) : ContentHash();
-    QByteArray identity;
-    QDataStream stream(&identity, QIODevice::WriteOnly);
-    stream << ImportFormat << CodePageHash() << content.size << content.hash << journal.size
-           << journal.hash;
+    QByteArray identity = ImportRules();
+    QDataStream stream(&identity, QIODevice::WriteOnly | QIODevice::Append);
+    stream << content.size << content.hash << journal.size << journal.hash;
     return identity;
 }
 

@@ -11,8 +11,14 @@ namespace Tesk::Database {
 /// 2 file and of its journal, the code page, and the format of the import. Throws FileError for a
 /// file that cannot be read.
 ///
-/// Reads the files whole: a change that keeps size and time is noticed too.
+/// Reads the files whole.
 QByteArray IdentityOf(const QString &fileName);
+
+/// The file beside a version 2 file that holds what a change to it has not completed.
+QString JournalOf(const QString &fileName);
+
+/// The part of it that is the same for all files: the code page and the format of the import.
+QByteArray ImportRules();
 
 /// A hash of the device's next `size` bytes, or of what there is; it tells contents apart that
 /// differ by accident, not by design. Throws FileError when reading fails.

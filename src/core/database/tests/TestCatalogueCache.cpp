@@ -1,5 +1,6 @@
 #include "core/SQLiteWrapper.h"
 #include "core/database/CatalogueCache.h"
+#include "core/database/FileStamp.h"
 #include "core/database/SourceIdentity.h"
 #include "core/database/tests/DatabaseFiles.h"
 
@@ -71,6 +72,8 @@ private Q_SLOTS:
     void testChangedSourceIsReadAnew();
     void testChangeThatKeepsSizeAndTimeIsNoticed();
     void testJournalBesideTheSourceIsNoticed();
+    void testUnchangedFilesAreKnownUnread();
+    void testYoungFilesHaveNoStamp();
     void testDamagedKeptFileIsMadeAnew_data();
     void testDamagedKeptFileIsMadeAnew();
     void testNoDamagedByteOfAKeptFileIsTrusted();
@@ -88,7 +91,12 @@ private Q_SLOTS:
 private:
     QString Source() const { return folder->filePath(QStringLiteral("catalog.db")); }
     QString CacheFolder() const { return folder->filePath(QStringLiteral("cache/deep")); }
-    QStringList Kept() const { return QDir(CacheFolder()).entryList(QDir::Files); }
+    QStringList Kept() const
+    {
+        return QDir(CacheFolder()).entryList({QStringLiteral("*.db")}, QDir::Files);
+    }
+    QString NoteFile() const { return KeptFile() + QStringLiteral(".checked"); }
+    bool IsKnownUnread() const;
     QString KeptFile() const { return QDir(CacheFolder()).filePath(Kept().value(0)); }
     QString OpenedAnswer() const;
 
@@ -176,6 +184,68 @@ void TestCatalogueCache::testJournalBesideTheSourceIsNoticed()
     QVERIFY(IdentityOf(Source()) != without);
 }
 
+/// Whether the kept file would be opened without being read through.
+bool TestCatalogueCache::IsKnownUnread() const
+{
+    const CatalogueCache cache(CacheFolder());
+    return !cache.FindChecked(Source(), cache.StampsOf(Source())).isEmpty();
+}
+
+void TestCatalogueCache::testUnchangedFilesAreKnownUnread()
+{
+    QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
+    // The files have to grow older for that.
+    const auto becomesKnown = [this] {
+        return QTest::qWaitFor(
+            [this] { return OpenedAnswer() == QLatin1String("one") && IsKnownUnread(); }, 20000);
+    };
+    QVERIFY(becomesKnown());
+    QCOMPARE(CatalogueCache(CacheFolder())
+                 .FindChecked(Source(), CatalogueCache(CacheFolder()).StampsOf(Source())),
+             KeptFile());
+
+    const QString journal = Source() + QStringLiteral("-journal");
+    WriteBytes(journal, "new");
+    QVERIFY(!IsKnownUnread());
+    QVERIFY(QFile::remove(journal));
+    QVERIFY(IsKnownUnread());
+
+    const QByteArray note = BytesOf(NoteFile());
+    for (const QByteArray &other : {QByteArray(), note.chopped(1), note + 'x',
+                                    QByteArray(note).replace(note.size() - 1, 1, "x")}) {
+        WriteBytes(NoteFile(), other);
+        QVERIFY(!IsKnownUnread());
+    }
+    WriteBytes(NoteFile(), note);
+    QVERIFY(IsKnownUnread());
+
+    // The same bytes once more: only the time of the change differs.
+    WriteBytes(KeptFile(), BytesOf(KeptFile()));
+    QVERIFY(!IsKnownUnread());
+    QVERIFY(becomesKnown());
+    QVERIFY(BytesOf(NoteFile()) != note);
+
+    const QDateTime time = ModifiedTime(Source());
+    WriteBytes(Source(), BytesOf(Source()).replace("one", "eno"));
+    SetModifiedTime(Source(), time);
+    QCOMPARE(OpenedAnswer(), QStringLiteral("eno"));
+}
+
+void TestCatalogueCache::testYoungFilesHaveNoStamp()
+{
+    // Whatever the file system's clock takes for one moment, another change in it must be noticed.
+    const QString file = folder->filePath(QStringLiteral("young"));
+    QCOMPARE(StampOf(file), std::optional(QByteArray()));
+    bool hasStamp = true;
+    for (int i = 0; i < 10 && hasStamp; ++i) {
+        WriteBytes(file, "new");
+        hasStamp = StampOf(file).has_value();
+    }
+    QVERIFY(!hasStamp);
+    QTRY_VERIFY(StampOf(file).has_value());
+    QVERIFY(!StampOf(file)->isEmpty());
+}
+
 void TestCatalogueCache::testDamagedKeptFileIsMadeAnew_data()
 {
     QTest::addColumn<QByteArray>("kind");
@@ -257,7 +327,7 @@ void TestCatalogueCache::testKeptFileOfAnotherSourceIsNotUsed()
     const QString kept = KeptFile();
     const QString otherCache = folder->filePath(QStringLiteral("otherCache"));
     QVERIFY(SQLiteWrapper(otherCache).Open(otherSource));
-    const QStringList otherKept = QDir(otherCache).entryList(QDir::Files);
+    const QStringList otherKept = QDir(otherCache).entryList({QStringLiteral("*.db")}, QDir::Files);
     QCOMPARE(otherKept.size(), 1);
     WriteBytes(kept, BytesOf(QDir(otherCache).filePath(otherKept.front())));
     QCOMPARE(OpenedAnswer(), QStringLiteral("one"));
