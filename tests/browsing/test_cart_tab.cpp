@@ -89,6 +89,21 @@ private Q_SLOTS:
         QVERIFY(cart.WaitForText(QStringLiteral("Your shopping cart is empty.")));
     }
 
+    void testShowsAtOnceWhatWasAskedForBeforeItBecameCurrent()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        CartTab cart(catalogue);
+        QVERIFY(cart.Open());
+        QVERIFY(cart.WaitForText(QStringLiteral("Your shopping cart is empty.")));
+        // The report of a page whose user has gone on to the cart.
+        QVERIFY(CatalogueWindow::AnswerDialogs(
+            [&] { catalogue.Evaluate(QStringLiteral("window.status = 'shoppingCart:3'")); },
+            {[](QWidget *dialog) { ClickButton(dialog, "OKButton"); },
+             PressButton(QMessageBox::Ok)}));
+        QVERIFY(cart.WaitForLines({OtherScissors}));
+    }
+
     void testClickOnTheTabLeavesNoButtonWithTheFocus()
     {
         CatalogueWindow catalogue(SampleCatalogue);

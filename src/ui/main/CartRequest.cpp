@@ -36,6 +36,7 @@ void CartRequest::AskAndAdd(const QString &id)
         return;
     const qint16 amount = dialog.Amount();
     controller.AddProductToCart(ToInt16(id), amount, QString());
+    Q_EMIT Added();
     const QString message = amount == 1
                                 ? controller.GetText(QStringLiteral("ucShoppingCartAddSuccess1"))
                                 : controller.GetText(QStringLiteral("ucShoppingCartAddSuccess2"))

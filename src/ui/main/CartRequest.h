@@ -23,6 +23,9 @@ public Q_SLOTS:
     /// text. Texts that arrive while the dialog is open are dropped.
     void StatusTextChange(const QString &text);
 
+Q_SIGNALS:
+    void Added();
+
 private:
     void AskAndAdd(const QString &id);
 

@@ -142,6 +142,11 @@ void frmCatalog::ConnectCart()
         if (tab == CartTab && tab == tabMain->currentIndex())
             ucShoppingCart->Initialize();
     });
+    // The question for the amount may open only when the user is at the cart already.
+    connect(cartRequest, &CartRequest::Added, this, [this] {
+        if (tabMain->currentIndex() == CartTab)
+            ucShoppingCart->Initialize();
+    });
     connect(ucShoppingCart, &ShoppingCart::OnProductSelect, this,
             &frmCatalog::ShowStandaloneDetails);
     connect(menuCommands, &MenuCommands::PriceListLoaded, this, &frmCatalog::RefreshCart);
