@@ -35,6 +35,8 @@ constexpr int FocusPatience = 200; // ticks
 constexpr int MostAttempts = 50;   // to close a dialog
 constexpr int MostRandomSteps = 6;
 
+constexpr const char *Watched = "isWatchedByTheMonkey";
+
 const QStringList PrintFiles{QStringLiteral("page.pdf"), QStringLiteral("Blätter 2.pdf"),
                              QStringLiteral("a'b.pdf")};
 
@@ -113,8 +115,11 @@ DialogMonkey::Visit &DialogMonkey::VisitTo(QDialog *dialog)
     visits.push_back({dialog, dice, steps});
     ++answered;
     parts.findings.Note(QLatin1String(dialog->metaObject()->className()));
+    // A dialog may be opened again, which is a new one to its user.
+    if (dialog->property(Watched).toBool())
+        return visits.back();
+    dialog->setProperty(Watched, true);
     parts.witness.Watch(dialog);
-    // A dialog that is used again is a new one to the user.
     connect(dialog, &QDialog::finished, this, [this, dialog] {
         visits.remove_if([dialog](const Visit &visit) { return visit.dialog == dialog; });
     });

@@ -98,9 +98,7 @@ void EditCategory(MonkeySession &session, Dice &dice)
     if (!OpenCart(session))
         return;
     const QString id = OneId(session, "catField", dice);
-    QString text = RandomTexts::Any(dice);
-    // No key types those beyond 16 bits; the dialogs get them from the clipboard.
-    text.removeIf([](QChar character) { return character.isSurrogate(); });
+    const QString text = RandomTexts::OfKeys(dice);
     if (id.isEmpty())
         return;
     if (Type(session, id, text))

@@ -79,6 +79,15 @@ QString Any(Dice &dice)
     return Joined(dice, Pieces, dice.OneIn(12) ? longText : 3);
 }
 
+QString OfKeys(Dice &dice)
+{
+    for (;;) {
+        QString text = Any(dice);
+        if (text.toUcs4().size() == text.size())
+            return text;
+    }
+}
+
 QString FileName(Dice &dice)
 {
     return Joined(dice, FilePieces, 2) + (dice.OneIn(2) ? QStringLiteral(".csv") : QString());

@@ -14,6 +14,8 @@ namespace RandomTexts {
 /// Words, umlauts, quotation marks, signs of markup and of the program's own formats, long texts;
 /// one line, never empty.
 QString Any(Dice &dice);
+/// One without characters beyond 16 bits, which no key types.
+QString OfKeys(Dice &dice);
 /// The name of a file without its folder.
 QString FileName(Dice &dice);
 /// The beginning of an article number, a whole one, or a word of a product's name.
