@@ -61,10 +61,14 @@ LocalPage::LocalPage(QWebEngineProfile *profile, QObject *parent)
     RefusePermissions(*this);
 }
 
-bool LocalPage::acceptNavigationRequest(const QUrl &url, NavigationType, bool)
+bool LocalPage::acceptNavigationRequest(const QUrl &url, NavigationType, bool isMainFrame)
 {
-    if (RequestGate::IsLocal(url))
-        return true;
+    if (RequestGate::IsLocal(url)) {
+        if (!isHeld || !isMainFrame)
+            return true;
+        Q_EMIT NavigationHeld(url);
+        return false;
+    }
     answered = url;
     // The engine asks about a mail address on a user's click only, and hands it to the desktop.
     if (url.scheme() == QLatin1String("mailto"))

@@ -19,11 +19,15 @@ class LocalPage final : public QWebEnginePage
 public:
     LocalPage(QWebEngineProfile *profile, QObject *parent);
 
+    /// While it is held, it opens no other page and tells what it would have opened.
+    void SetHeld(bool isToBeHeld) { isHeld = isToBeHeld; }
+
 Q_SIGNALS:
     /// A document came into being in the main frame; `id` names it among all others.
     void DocumentCreated(const QString &id);
     void DocumentLoaded(const QString &id);
     void StatusTextSet(const QString &text);
+    void NavigationHeld(const QUrl &url);
 
 protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
@@ -45,6 +49,7 @@ private:
     /// The last address of another program that the engine asked about.
     QUrl answered;
     DialogLimit questions;
+    bool isHeld = false;
 };
 
 } // namespace Tesk

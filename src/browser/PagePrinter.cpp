@@ -1,6 +1,5 @@
 #include "browser/PagePrinter.h"
 
-#include "base/Errors.h"
 #include "base/WholeFile.h"
 #include "browser/Log.h"
 #include "browser/PaperSize.h"
@@ -15,8 +14,10 @@
 #include <QPrinterInfo>
 #include <QScopedValueRollback>
 #include <QThread>
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineView>
 
+#include <algorithm>
 #include <utility>
 
 namespace Tesk {
@@ -102,6 +103,8 @@ struct PagePrinter::Job
     std::unique_ptr<QPrinter> printer;
     /// Empty for a page, which the engine turns into a PDF document first.
     QString dataSheet;
+    /// As long as the engine needs the page.
+    std::shared_ptr<PageHold> hold;
     QByteArray pdf;
     QString error;
     std::unique_ptr<QThread> thread;
@@ -113,6 +116,17 @@ struct PagePrinter::Job
     }
 };
 
+CatalogueError PrintError(PrintEnd end)
+{
+    if (end == PrintEnd::EngineFailed)
+        return CatalogueError(QStringLiteral("The page was not printed, because the part of the "
+                                             "program that shows it has failed. Print it again."),
+                              {QStringLiteral("errorPrintEngine"), {}});
+    return CatalogueError(QStringLiteral("The page was not printed. Check the printer, or print "
+                                         "into a file in another folder."),
+                          {QStringLiteral("errorPrint"), {}});
+}
+
 PagePrinter::PagePrinter(WebBrowser &browser)
     : PagePrinter(browser,
                   [&browser](QPrinter &printer) { return AskWithDialog(&browser, printer); })
@@ -123,133 +137,155 @@ PagePrinter::PagePrinter(WebBrowser &browser, SetUp setUp)
     , browser(browser)
     , setUp(std::move(setUp))
 {
+    const QWebEnginePage *const page = browser.View()->page();
     // The engine never answers for a process that has ended.
-    connect(browser.View()->page(), &QWebEnginePage::renderProcessTerminated, this, [this] {
-        if (job && job->pdf.isEmpty())
-            End(QStringLiteral("the browser engine failed"));
-    });
+    connect(page, &QWebEnginePage::renderProcessTerminated, this, &PagePrinter::EngineEnded);
+    connect(page, &QWebEnginePage::loadingChanged, this, &PagePrinter::AskEngine,
+            Qt::QueuedConnection);
 }
 
 PagePrinter::~PagePrinter() = default;
 
 bool PagePrinter::IsPrinting() const
 {
-    return isAsking || job != nullptr;
+    return isAsking || !jobs.empty();
 }
 
 bool PagePrinter::Print(const QString &documentName)
 {
-    if (IsPrinting()) {
-        qCInfo(printLog, "not printed: another print is under way");
+    if (isAsking) {
+        qCInfo(printLog, "not printed: the user is being asked about another print");
         return false;
     }
     const QWebEngineView *view = browser.View();
-    auto begun = std::make_unique<Job>();
-    begun->dataSheet = DataSheet(view->url());
+    auto job = std::make_unique<Job>();
+    job->dataSheet = DataSheet(view->url());
     QString name = documentName;
     if (name.isEmpty())
-        name = begun->dataSheet.isEmpty() ? view->title()
-                                          : QFileInfo(begun->dataSheet).completeBaseName();
-    begun->printer = MakePrinter(PrintableName(name));
+        name =
+            job->dataSheet.isEmpty() ? view->title() : QFileInfo(job->dataSheet).completeBaseName();
+    job->printer = MakePrinter(PrintableName(name));
 
     {
         const QScopedValueRollback<bool> guard(isAsking, true);
-        if (!setUp(*begun->printer))
+        if (!setUp(*job->printer))
             return false;
     }
-    job = std::move(begun);
-    ++jobNumber;
-    if (job->dataSheet.isEmpty())
+    jobs.push_back(std::move(job));
+    Job &begun = *jobs.back();
+    if (!begun.dataSheet.isEmpty()) {
+        PrintDataSheet(begun);
+    } else {
+        begun.hold = browser.HoldPage();
         AskEngine();
-    else
-        TakeDataSheet();
+    }
     return true;
 }
 
+/// About the next page, once the one that is loading is there and no other is being printed: of two
+/// questions the engine answers the first only.
 void PagePrinter::AskEngine()
 {
-    QWebEnginePage *page = browser.View()->page();
+    const auto next =
+        std::find_if(jobs.begin(), jobs.end(), [](const auto &job) { return job->hold; });
+    QWebEnginePage *const page = browser.View()->page();
+    if (jobOfEngine != nullptr || next == jobs.end() || page->isLoading())
+        return;
     if (page->renderProcessPid() == 0) {
-        End(QStringLiteral("the browser engine is not running"));
+        EngineEnded();
         return;
     }
+    jobOfEngine = next->get();
     const QPointer<PagePrinter> self = this;
     // The engine calls back from within; the files and signals are not for there.
     page->printToPdf(
-        [self, number = jobNumber](const QByteArray &pdf) {
+        [self, number = ++question](const QByteArray &pdf) {
             if (!self)
                 return;
             QMetaObject::invokeMethod(
                 self,
                 [self, number, pdf] {
-                    if (self->job && self->jobNumber == number)
+                    if (self->jobOfEngine != nullptr && self->question == number)
                         self->TakePdf(pdf);
                 },
                 Qt::QueuedConnection);
         },
-        job->printer->pageLayout(),
-        IsForFile(*job->printer) ? ChosenPages(*job->printer) : QPageRanges());
+        jobOfEngine->printer->pageLayout(),
+        IsForFile(*jobOfEngine->printer) ? ChosenPages(*jobOfEngine->printer) : QPageRanges());
 }
 
-void PagePrinter::TakeDataSheet()
+/// The page comes back, but not at once and perhaps not as it was.
+void PagePrinter::EngineEnded()
 {
-    const QPrinter &printer = *job->printer;
+    jobOfEngine = nullptr;
+    const auto needsEngine = [](const auto &job) { return job->hold; };
+    for (auto job = std::find_if(jobs.begin(), jobs.end(), needsEngine); job != jobs.end();
+         job = std::find_if(jobs.begin(), jobs.end(), needsEngine))
+        End(**job, PrintEnd::EngineFailed, QStringLiteral("the browser engine does not run"));
+}
+
+void PagePrinter::PrintDataSheet(Job &job)
+{
+    const QPrinter &printer = *job.printer;
     try {
-        job->pdf = Read(job->dataSheet);
+        job.pdf = Read(job.dataSheet);
         if (IsForFile(printer) && !IsPartChosen(printer)) {
-            Write(printer.outputFileName(), job->pdf);
-            End({});
+            Write(printer.outputFileName(), job.pdf);
+            End(job, PrintEnd::Printed, {});
             return;
         }
     } catch (const FileError &error) {
-        End(error.Message());
+        End(job, PrintEnd::PrinterFailed, error.Message());
         return;
     }
-    SendToPrinter();
+    SendToPrinter(job);
 }
 
 void PagePrinter::TakePdf(const QByteArray &pdf)
 {
+    Job &job = *std::exchange(jobOfEngine, nullptr);
+    job.hold.reset();
+    job.pdf = pdf;
     if (pdf.isEmpty()) {
-        End(QStringLiteral("the browser engine made no sheets of it"));
-        return;
+        End(job, PrintEnd::EngineFailed, QStringLiteral("the browser engine made no sheets of it"));
+    } else if (!IsForFile(*job.printer)) {
+        SendToPrinter(job);
+    } else {
+        try {
+            Write(job.printer->outputFileName(), pdf);
+            End(job, PrintEnd::Printed, {});
+        } catch (const FileError &error) {
+            End(job, PrintEnd::PrinterFailed, error.Message());
+        }
     }
-    job->pdf = pdf;
-    if (!IsForFile(*job->printer)) {
-        SendToPrinter();
-        return;
-    }
-    try {
-        Write(job->printer->outputFileName(), pdf);
-    } catch (const FileError &error) {
-        End(error.Message());
-        return;
-    }
-    End({});
+    AskEngine();
 }
 
-void PagePrinter::SendToPrinter()
+void PagePrinter::SendToPrinter(Job &job)
 {
-    job->thread.reset(QThread::create([current = job.get()] {
+    job.thread.reset(QThread::create([current = &job] {
         try {
             PaintPdf(current->pdf, ChosenPages(*current->printer), *current->printer);
         } catch (const CatalogueError &error) {
             current->error = error.Message();
         }
     }));
-    connect(job->thread.get(), &QThread::finished, this, [this] { End(job->error); });
-    job->thread->start();
+    connect(job.thread.get(), &QThread::finished, this, [this, current = &job] {
+        End(*current, current->error.isEmpty() ? PrintEnd::Printed : PrintEnd::PrinterFailed,
+            current->error);
+    });
+    job.thread->start();
 }
 
-void PagePrinter::End(const QString &error)
+void PagePrinter::End(Job &job, PrintEnd end, const QString &error)
 {
-    if (!error.isEmpty())
-        qCWarning(printLog, "%ls is not printed: %ls", qUtf16Printable(job->printer->docName()),
+    if (end != PrintEnd::Printed)
+        qCWarning(printLog, "%ls is not printed: %ls", qUtf16Printable(job.printer->docName()),
                   qUtf16Printable(error));
-    job.reset();
+    std::erase_if(jobs, [&job](const auto &one) { return one.get() == &job; });
     // Not before Print has returned.
     QMetaObject::invokeMethod(
-        this, [this, isPrinted = error.isEmpty()] { Q_EMIT Finished(isPrinted); },
-        Qt::QueuedConnection);
+        this, [this, end] { Q_EMIT Finished(end); }, Qt::QueuedConnection);
 }
+
 } // namespace Tesk

@@ -6,22 +6,29 @@
 #include "browser/LocalPage.h"
 #include "browser/Log.h"
 #include "browser/PageChannel.h"
+#include "browser/PageHold.h"
 #include "browser/PageScript.h"
 #include "browser/TaskEvent.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
 #include <QWebEngineView>
 
+#include <chrono>
 #include <utility>
 
 namespace Tesk {
 namespace {
+
+/// Longer than the engine takes for the sheets of thousands of lines.
+constexpr std::chrono::minutes longestHold{5};
 
 /// Other addresses are never the program's pages: blank pages, our own messages.
 bool IsContent(const QUrl &url)
@@ -65,11 +72,31 @@ WebBrowser::WebBrowser(QWebEngineProfile *profile, QWidget *parent)
         isDocumentKnown = true;
     });
     connect(page, &LocalPage::DocumentLoaded, this, &WebBrowser::OnDocumentLoaded);
+    connect(page, &LocalPage::NavigationHeld, this, [this](const QUrl &url) {
+        ++requests;
+        heldUrl = url;
+    });
     connect(page, &LocalPage::StatusTextSet, this,
             [this](const QString &text) { Queue([this, text] { ReportStatusText(text); }); });
 }
 
-WebBrowser::~WebBrowser() = default;
+WebBrowser::~WebBrowser()
+{
+    // The engine fails when it loses a page of which it is making sheets. Nothing else goes on
+    // meanwhile: whoever listens may have ended already.
+    isEnding = true;
+    blockSignals(true);
+    for (QObject *const child : children())
+        child->blockSignals(true);
+    if (const std::shared_ptr<PageHold> held = hold.lock(); !held)
+        return;
+    QEventLoop loop;
+    endOfHold = [&loop] { loop.quit(); };
+    QTimer::singleShot(longestHold, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    if (const std::shared_ptr<PageHold> held = hold.lock())
+        held->Forget();
+}
 
 void WebBrowser::Queue(const std::function<void()> &task)
 {
@@ -78,7 +105,7 @@ void WebBrowser::Queue(const std::function<void()> &task)
 
 void WebBrowser::customEvent(QEvent *event)
 {
-    if (event->type() != TaskEvent::TypeId())
+    if (event->type() != TaskEvent::TypeId() || isEnding)
         return;
     // An event loop that the task opens would sleep on the events posted before it, and the
     // engine's next step is one of them: the page behind a dialog would freeze.
@@ -89,7 +116,39 @@ void WebBrowser::customEvent(QEvent *event)
 void WebBrowser::Navigate(const QString &address)
 {
     ++requests;
-    page->load(Address::ToUrl(address));
+    Load(Address::ToUrl(address));
+}
+
+void WebBrowser::Load(const QUrl &url)
+{
+    requestedUrl = url;
+    page->load(url);
+}
+
+std::shared_ptr<PageHold> WebBrowser::HoldPage()
+{
+    std::shared_ptr<PageHold> held = hold.lock();
+    if (!held) {
+        held = std::make_shared<PageHold>([this] { EndHold(); });
+        hold = held;
+        page->SetHeld(true);
+    }
+    return held;
+}
+
+void WebBrowser::EndHold()
+{
+    page->SetHeld(false);
+    if (endOfHold)
+        endOfHold();
+    // The end of a load that was not let through is reported in between.
+    Queue([this] { OpenHeld(); });
+}
+
+void WebBrowser::OpenHeld()
+{
+    if (hold.expired() && !heldUrl.isEmpty())
+        Load(std::exchange(heldUrl, {}));
 }
 
 QString WebBrowser::Address() const
@@ -100,6 +159,10 @@ QString WebBrowser::Address() const
 void WebBrowser::OnLoading(const QWebEngineLoadingInfo &info)
 {
     isLoading = info.status() == QWebEngineLoadingInfo::LoadStartedStatus;
+    if (isLoading)
+        loadingUrl = info.url();
+    if (isLoading || info.url() == requestedUrl)
+        requestedUrl.clear();
     switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus:
         isDocumentKnown = false;
@@ -110,9 +173,13 @@ void WebBrowser::OnLoading(const QWebEngineLoadingInfo &info)
     case QWebEngineLoadingInfo::LoadStoppedStatus:
         // A jump asked for during the load ended it.
         OnUrlChanged(page->url());
-        ReportEndedLoad(info.url());
+        if (info.url() != heldUrl)
+            ReportEndedLoad(info.url());
         break;
     case QWebEngineLoadingInfo::LoadFailedStatus:
+        // The load ended with its process, of which OnTermination hears.
+        if (info.errorCode() == 0)
+            break;
         // The gate refused and said so; the page that asked stays.
         if (info.errorCode() == blockedByClient) {
             ReportEndedLoad(info.url());
@@ -204,8 +271,13 @@ void WebBrowser::OnTermination(QWebEnginePage::RenderProcessTerminationStatus st
 {
     if (status == QWebEnginePage::NormalTerminationStatus)
         return;
-    const QUrl url = isLoading ? page->requestedUrl() : loadedUrl;
+    // The engine itself has forgotten what it was asked for.
+    const QUrl shownUrl = isLoading ? loadingUrl : loadedUrl;
+    const QUrl url = requestedUrl.isEmpty() ? shownUrl : std::exchange(requestedUrl, {});
     isLoading = false;
+    // What waits for the hold takes the place of the page, for which nobody can hold it any more.
+    if (!heldUrl.isEmpty())
+        return;
     // A page that brings the engine down would do so for ever.
     if (url == reloadedUrl) {
         ShowFailure(url, QStringLiteral("The browser engine failed on it twice."));
@@ -214,7 +286,11 @@ void WebBrowser::OnTermination(QWebEnginePage::RenderProcessTerminationStatus st
     qCWarning(browserLog, "the engine failed (%d) on %ls, which is loaded again", exitCode,
               qUtf16Printable(Address::FromUrl(url)));
     reloadedUrl = url;
-    Queue([this, url] { page->load(url); });
+    Queue([this, url, request = requests] {
+        // Meanwhile another page may have been asked for.
+        if (request == requests)
+            Load(url);
+    });
 }
 
 void WebBrowser::ReportStatusText(const QString &text)

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
 class QWebEngineLoadingInfo;
 class QWebEngineProfile;
@@ -15,6 +16,7 @@ class QWebEngineView;
 namespace Tesk {
 
 class LocalPage;
+class PageHold;
 
 /// The browser control. Its signals come from the event loop, never from within a callback of the
 /// engine, so a slot may open dialogs and throw.
@@ -25,6 +27,7 @@ class WebBrowser : public QWidget, public HtmlDocument
 public:
     /// `profile` (LocalProfile.h) outlives the control.
     explicit WebBrowser(QWebEngineProfile *profile, QWidget *parent = nullptr);
+    /// Waits until its page is no longer held, but not for ever.
     ~WebBrowser() override;
 
     /// Opens an address of the program's spelling: `file:///` or `mk:@MSITStore:`, characters as
@@ -38,6 +41,11 @@ public:
     /// Makes the changes in the page that completed last, and in no other.
     void Apply(const QList<ElementChange> &changes) override;
 
+    /// Keeps the page that is shown, or loading, until all that this returned are gone, or its
+    /// process. What the program or the page wants to open meanwhile opens then; of several the
+    /// last.
+    std::shared_ptr<PageHold> HoldPage();
+
     /// Runs a script in the page's own world and hands its result on from the event loop.
     void RunScript(const QString &script, const std::function<void(const QVariant &)> &done = {});
 
@@ -46,6 +54,8 @@ public:
 
 Q_SIGNALS:
     /// The main frame finished loading, fragment jumps included. The address is percent-decoded.
+    /// A page completes even when another one has been asked for since: until that one is there,
+    /// and if it cannot be shown, this is the page that the user sees.
     void DocumentComplete(const QString &address);
     /// The load of the main frame has ended without a page, and nothing else is loading: the
     /// address is missing, unreadable, refused or not a page, or the load was stopped.
@@ -69,6 +79,9 @@ private:
     void OnTermination(QWebEnginePage::RenderProcessTerminationStatus status, int exitCode);
     void Complete(const QUrl &url);
     void GiveChannel(const QUrl &url);
+    void Load(const QUrl &url);
+    void OpenHeld();
+    void EndHold();
     void ShowFailure(const QUrl &url, const QString &reason);
     void ReportEndedLoad(const QUrl &url);
     void ReportStatusText(const QString &text);
@@ -81,6 +94,14 @@ private:
     LocalPage *page = nullptr;
     /// How often the program asked for a page.
     int requests = 0;
+    /// The page asked for last, until its load begins, and the one whose load began last.
+    QUrl requestedUrl;
+    QUrl loadingUrl;
+    std::weak_ptr<PageHold> hold;
+    /// What waits for the hold to end.
+    QUrl heldUrl;
+    std::function<void()> endOfHold;
+    bool isEnding = false;
     bool isLoading = false;
     bool isReportingStatus = false;
     /// Whether the document of the load that began last has told its id.

@@ -12,8 +12,6 @@
 
 #include <functional>
 
-#include <csignal>
-
 using namespace Tesk;
 
 namespace {
@@ -336,41 +334,23 @@ private Q_SLOTS:
         QCOMPARE(Text(QStringLiteral("a.innerText")), QStringLiteral("archive"));
     }
 
-    void testPageIsLoadedAgainOnceAfterACrash()
+    // It was shown, and it stays when the other one is refused.
+    void testPageCompletesThoughAnotherOneIsAskedForMeanwhile()
     {
-        QVERIFY(OpenPlainPage());
-        const LogCapture log;
-        const QString address = browser.Address();
-        QWebEnginePage *page = browser.View()->page();
-        QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
-        QVERIFY(page->renderProcessPid() > 0);
-        ::kill(static_cast<pid_t>(page->renderProcessPid()), SIGKILL);
-        QVERIFY(complete.wait());
-        QCOMPARE(complete.first().first().toString(), address);
-        QVERIFY(log.Has("tesk.browser", {QStringLiteral("loaded again"), address}));
-
-        ::kill(static_cast<pid_t>(page->renderProcessPid()), SIGKILL);
-        QVERIFY(WaitForFailureMessage());
-        QVERIFY(Text(QStringLiteral("document.body.innerText"))
-                    .contains(QStringLiteral("failed on it twice")));
-        QCOMPARE(complete.count(), 1);
-        QVERIFY(OpenPlainPage());
-    }
-
-    void testPageThatCameBackAfterACrashIsWrittenAndHeard()
-    {
-        QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("crash.html"), "<p id=p>plain</p>")));
-        QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
-        ::kill(static_cast<pid_t>(browser.View()->page()->renderProcessPid()), SIGKILL);
-        QVERIFY(complete.wait());
-        browser.Apply(
-            {{QStringLiteral("p"), ElementChange::Property::InnerHtml, QStringLiteral("written")}});
-        QCOMPARE(Text(QStringLiteral("p.innerText")), QStringLiteral("written"));
-        QSignalSpy texts(&browser, &WebBrowser::StatusTextChange);
-        browser.RunScript(QStringLiteral("window.status = 'heard'"));
-        QVERIFY(texts.wait());
-        QCOMPARE(texts.first().first().toString(), QStringLiteral("heard"));
-        QCOMPARE(complete.count(), 1);
+        const QString first = fixture.WritePage(QStringLiteral("first.html"), "<p id=p>first</p>");
+        const QString second = fixture.WritePage(QStringLiteral("second.html"), "<p>second</p>");
+        QStringList complete;
+        QObject listener;
+        connect(&browser, &WebBrowser::DocumentComplete, &listener,
+                [&](const QString &address) { complete.append(address); });
+        // The engine tells of the end of the load before the control tells its listeners.
+        bool isAsked = false;
+        connect(browser.View()->page(), &QWebEnginePage::loadFinished, &listener, [&] {
+            if (!std::exchange(isAsked, true))
+                browser.Navigate(second);
+        });
+        browser.Navigate(first);
+        QTRY_COMPARE(complete, QStringList({first, second}));
     }
 
     void testPagesTakeTheDesktopsFont()

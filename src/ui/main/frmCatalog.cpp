@@ -159,11 +159,9 @@ void frmCatalog::ConnectCart()
 void frmCatalog::ConnectPrinting()
 {
     connect(menus->mPrint, &QAction::triggered, this, &frmCatalog::Print);
-    connect(pagePrinter, &PagePrinter::Finished, this, [](bool isPrinted) {
-        if (!isPrinted)
-            throw CatalogueError(QStringLiteral("The page was not printed. Check the printer, or "
-                                                "print into a file in another folder."),
-                                 {QStringLiteral("errorPrint"), {}});
+    connect(pagePrinter, &PagePrinter::Finished, this, [](PrintEnd end) {
+        if (end != PrintEnd::Printed)
+            throw PrintError(end);
     });
 }
 

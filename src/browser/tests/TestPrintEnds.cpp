@@ -1,0 +1,200 @@
+#include "LogCapture.h"
+#include "PrintFixture.h"
+#include "support/EngineProcess.h"
+#include "support/PdfFiles.h"
+
+#include <QFileInfo>
+
+namespace Tesk {
+
+/// How prints end when something comes between: every one ends, and the next one is printed.
+class TestPrintEnds : public QObject
+{
+    Q_OBJECT
+
+private:
+    PrintFixture fixture;
+
+    /// A page that tells when it is laid out for the printer, and never ends that.
+    QString WriteEndlessPage()
+    {
+        return fixture.WritePage(
+            QStringLiteral("endless.html"),
+            "<!DOCTYPE html><title>Endless</title><script>matchMedia('print').addListener("
+            "() => { status = 'laid out'; for (;;); })</script><p>text");
+    }
+
+private Q_SLOTS:
+    void init() { QFile::remove(fixture.Pdf()); }
+
+    void testFileThatCannotBeWrittenIsLogged_data()
+    {
+        QTest::addColumn<QString>("fileName");
+        QTest::newRow("folder missing") << fixture.Pdf(QStringLiteral("none/print.pdf"));
+        QTest::newRow("folder in its place") << QFileInfo(fixture.Pdf()).path();
+        QTest::newRow("no name") << QString();
+        QTest::newRow("folder not writable") << QStringLiteral("/proc/print.pdf");
+    }
+
+    void testFileThatCannotBeWrittenIsLogged()
+    {
+        QFETCH(const QString, fileName);
+        QVERIFY(fixture.OpenLongTable());
+        const LogCapture log;
+        PagePrinter printer(fixture.Browser(), [&](QPrinter &chosen) {
+            PrintFixture::IntoFile(fileName)(chosen);
+            chosen.setOutputFormat(QPrinter::PdfFormat);
+            return true;
+        });
+        QVERIFY(!PrintFixture::IsPrinted(printer));
+        QVERIFY(!printer.IsPrinting());
+        QVERIFY(log.Has("tesk.browser.print", {QStringLiteral("Long table"), fileName}));
+    }
+
+    void testPrintsEndWithTheEngine()
+    {
+        QVERIFY(fixture.Open(WriteEndlessPage()));
+        const LogCapture log;
+        PagePrinter printer(fixture.Browser(), PrintFixture::IntoFile(fixture.Pdf()));
+        QSignalSpy status(&fixture.Browser(), &WebBrowser::StatusTextChange);
+        QSignalSpy finished(&printer, &PagePrinter::Finished);
+        QSignalSpy complete(&fixture.Browser(), &WebBrowser::DocumentComplete);
+        QVERIFY(printer.Print());
+        QVERIFY(printer.Print());
+        QVERIFY(status.wait(BrowserFixture::waitTime));
+        KillEngine(fixture.Browser());
+        QTRY_COMPARE(finished.count(), 2);
+        for (const QVariantList &print : finished)
+            QCOMPARE(print.first().value<PrintEnd>(), PrintEnd::EngineFailed);
+        QVERIFY(!printer.IsPrinting());
+        QVERIFY(log.Has("tesk.browser.print", {QStringLiteral("Endless")}));
+        QVERIFY(!QFile::exists(fixture.Pdf()));
+
+        QVERIFY(!complete.isEmpty() || complete.wait(BrowserFixture::waitTime));
+        QVERIFY(fixture.OpenLongTable());
+        QVERIFY(PrintFixture::IsPrinted(printer));
+        QCOMPARE(SheetCount(fixture.Pdf()), PrintFixture::SheetsOfTable);
+    }
+
+    void testPrintWithoutAPageEnds()
+    {
+        WebBrowser empty(&fixture.Profile());
+        PagePrinter printer(empty, PrintFixture::IntoFile(fixture.Pdf()));
+        QCOMPARE(PrintFixture::EndOfPrint(printer), PrintEnd::EngineFailed);
+        QVERIFY(!QFile::exists(fixture.Pdf()));
+    }
+
+    void testPageIsLeftOnceItsSheetsAreMade_data()
+    {
+        QTest::addColumn<bool>("isLink");
+        QTest::addColumn<int>("delay");
+        for (const int delay : {0, 1, 5, 20}) {
+            QTest::addRow("by the program after %d ms", delay) << false << delay;
+            QTest::addRow("by a link after %d ms", delay) << true << delay;
+        }
+    }
+
+    // The delays only vary what the engine is busy with.
+    void testPageIsLeftOnceItsSheetsAreMade()
+    {
+        QFETCH(const bool, isLink);
+        QFETCH(const int, delay);
+        const QString next = fixture.WritePage(QStringLiteral("next.html"), "<p>next");
+        const QString last = fixture.WritePage(QStringLiteral("last.html"), "<p>last");
+        QVERIFY(fixture.OpenLongTable());
+        WebBrowser &browser = fixture.Browser();
+        const auto open = [&](const char *name, const QString &address) {
+            if (isLink)
+                browser.RunScript(
+                    QStringLiteral("window.location = '%1'").arg(QLatin1String(name)));
+            else
+                browser.Navigate(address);
+        };
+        PagePrinter printer(browser, PrintFixture::IntoFile(fixture.Pdf()));
+        QSignalSpy finished(&printer, &PagePrinter::Finished);
+        QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
+        QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
+        QVERIFY(printer.Print());
+        QTest::qWait(delay);
+        open("next.html", next);
+        open("last.html", last);
+        QVERIFY(!finished.isEmpty() || finished.wait(BrowserFixture::waitTime));
+        QCOMPARE(finished.first().first().value<PrintEnd>(), PrintEnd::Printed);
+        QCOMPARE(SheetCount(fixture.Pdf()), PrintFixture::SheetsOfTable);
+        QTRY_COMPARE(browser.Address(), last);
+        QCOMPARE(complete.last().first().toString(), last);
+        QCOMPARE(failed.count(), 0);
+        QCOMPARE(fixture.Evaluate(QStringLiteral("document.body.innerText")),
+                 QVariant(QStringLiteral("last")));
+    }
+
+    void testPageThatIsLoadingIsPrintedOnceItIsThere()
+    {
+        const QString table = fixture.WriteLongTable();
+        QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("before.html"), "<p>before")));
+        PagePrinter printer(fixture.Browser(), PrintFixture::IntoFile(fixture.Pdf()));
+        QSignalSpy loading(fixture.Browser().View()->page(), &QWebEnginePage::loadingChanged);
+        fixture.Browser().Navigate(table);
+        QVERIFY(loading.wait(BrowserFixture::waitTime));
+        QVERIFY(PrintFixture::IsPrinted(printer));
+        QCOMPARE(SheetCount(fixture.Pdf()), PrintFixture::SheetsOfTable);
+    }
+
+    void testPageThatWaitedOpensWhenTheEngineFails()
+    {
+        QVERIFY(fixture.Open(WriteEndlessPage()));
+        const QString next = fixture.WritePage(QStringLiteral("next.html"), "<p>next");
+        const LogCapture log;
+        PagePrinter printer(fixture.Browser(), PrintFixture::IntoFile(fixture.Pdf()));
+        QSignalSpy status(&fixture.Browser(), &WebBrowser::StatusTextChange);
+        QSignalSpy complete(&fixture.Browser(), &WebBrowser::DocumentComplete);
+        QVERIFY(printer.Print());
+        QVERIFY(status.wait(BrowserFixture::waitTime));
+        fixture.Browser().Navigate(next);
+        KillEngine(fixture.Browser());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QCOMPARE(complete.first().first().toString(), next);
+        QCOMPARE(fixture.Evaluate(QStringLiteral("document.body.innerText")),
+                 QVariant(QStringLiteral("next")));
+        QCOMPARE(complete.count(), 1);
+        QVERIFY(!log.Has("tesk.browser", {QStringLiteral("loaded again")}));
+    }
+
+    void testEndOfTheBrowserWaitsForThePrint_data()
+    {
+        QTest::addColumn<int>("prints");
+        QTest::newRow("one") << 1;
+        QTest::newRow("two") << 2;
+    }
+
+    void testEndOfTheBrowserWaitsForThePrint()
+    {
+        QFETCH(const int, prints);
+        QStringList files;
+        {
+            WebBrowser browser(&fixture.Profile());
+            browser.show();
+            QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
+            browser.Navigate(fixture.WriteLongTable());
+            QVERIFY(complete.wait(BrowserFixture::waitTime));
+            auto *const printer = new PagePrinter(browser, [&](QPrinter &chosen) {
+                files.append(fixture.Pdf(QStringLiteral("%1.pdf").arg(files.size())));
+                return PrintFixture::IntoFile(files.last())(chosen);
+            });
+            for (int print = 0; print < prints; ++print)
+                QVERIFY(printer->Print());
+        }
+        QCOMPARE(files.size(), qsizetype{prints});
+        for (const QString &file : std::as_const(files))
+            QCOMPARE(SheetCount(file), PrintFixture::SheetsOfTable);
+    }
+};
+
+} // namespace Tesk
+
+int main(int argc, char **argv)
+{
+    return Tesk::RunEngineTest<Tesk::TestPrintEnds>(argc, argv);
+}
+
+#include "TestPrintEnds.moc"
