@@ -102,6 +102,13 @@ void PageProtocol::KeepPlace()
                     {productRows, parts.host.CurrentNode(), standaloneDetails});
 }
 
+void PageProtocol::SetStandaloneDetails(bool isStandalone)
+{
+    // A list that is being left would make the details its own.
+    LoaderTimer.stop();
+    standaloneDetails = isStandalone;
+}
+
 void PageProtocol::SetSearchRows(const ResultTable &rows)
 {
     // A category page that is being left would select its category in place of the hits.

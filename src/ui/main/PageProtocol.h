@@ -44,8 +44,8 @@ public:
 
     explicit PageProtocol(const Parts &parts, QObject *parent = nullptr);
 
-    /// The address of the last completed page; the window sets the address that it is about to
-    /// open.
+    /// The address of the last completed page, which a change of language or unit opens again. On
+    /// the way home the window sets that of the welcome document, which never completes.
     const QString &CurrentUrl() const { return currentUrl; }
     void SetCurrentUrl(const QString &address) { currentUrl = address; }
 
@@ -65,7 +65,8 @@ public:
     void PrepareReturn(const QString &entry);
 
     /// Whether the next details page belongs to no list: then it offers no steps to other products.
-    void SetStandaloneDetails(bool isStandalone) { standaloneDetails = isStandalone; }
+    /// The window is about to open it.
+    void SetStandaloneDetails(bool isStandalone);
 
 public Q_SLOTS:
     /// The browser has completed the page at this address (percent-decoded).

@@ -165,6 +165,19 @@ private Q_SLOTS:
         QCOMPARE(host.clickCount, 0);
     }
 
+    void testListThatIsLeftForAProductOfTheCartIsNotFilled()
+    {
+        PageProtocol clock(PageProtocol::Parts{application->GetController(), *builder, *tree,
+                                               *history, document, host, pointer, *scroller});
+        const QSignalSpy ticks(&clock, &PageProtocol::PageFilled);
+        protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        protocol->SetStandaloneDetails(true);
+        // Armed later, with the same interval.
+        clock.DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
+        QTRY_COMPARE(ticks.size(), 1);
+        QCOMPARE(filled->size(), 0);
+    }
+
     void testListOfSearchResultsKeepsTheRows()
     {
         const ResultTable rows =
