@@ -48,11 +48,23 @@ void AfterPage::Run(const QString &script, Step next)
     });
 }
 
-void AfterPage::GoOnWith(const QVariant &answer)
+AfterPage::Step AfterPage::TakeStep()
 {
     patience.stop();
-    if (const Step step = std::exchange(waitingStep, {}))
+    return std::exchange(waitingStep, {});
+}
+
+void AfterPage::GoOnWith(const QVariant &answer)
+{
+    if (const Step step = TakeStep())
         step(answer);
+}
+
+void AfterPage::GoOnSoon()
+{
+    if (const Step step = TakeStep())
+        QMetaObject::invokeMethod(
+            this, [step] { step({}); }, Qt::QueuedConnection);
 }
 
 } // namespace Tesk

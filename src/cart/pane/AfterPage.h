@@ -30,10 +30,13 @@ public:
     void Run(const QString &script, Step next);
     /// Takes the step that waits, if any, now and without an answer.
     void GoOn() { GoOnWith({}); }
+    /// The same from the event loop. Until then another step may begin to wait.
+    void GoOnSoon();
     bool IsWaiting() const { return static_cast<bool>(waitingStep); }
 
 private:
     void GoOnWith(const QVariant &answer);
+    Step TakeStep();
 
     WebBrowser &browser;
     Step waitingStep;

@@ -43,7 +43,10 @@ CartPages::CartPages(const Sources &sources, WebBrowser &browser)
     connect(&browser, &WebBrowser::LoadFailed, this, &CartPages::LoadFailed);
     connect(&browser, &WebBrowser::StatusTextChange, this, &CartPages::StatusTextChange);
     connect(browser.View()->page(), &QWebEnginePage::renderProcessTerminated, this,
-            [this] { isReloading = requestedAddress.isEmpty(); });
+            [this](QWebEnginePage::RenderProcessTerminationStatus status) {
+                if (status != QWebEnginePage::NormalTerminationStatus)
+                    isReloading = requestedAddress.isEmpty();
+            });
 }
 
 CartPages::~CartPages() = default;
@@ -92,24 +95,28 @@ bool CartPages::IsOrderForm() const
 
 void CartPages::DocumentComplete(const QString &address)
 {
-    // Nothing is lost when a page is left before it has confirmed what was written into it.
-    afterWriting->GoOn();
+    // A page that was left before it had confirmed what was written into it loses no command by
+    // that. The command may ask the user, and fail: this page does not depend on it.
+    afterWriting->GoOnSoon();
+    const bool isRequested = address == requestedAddress;
     const bool isEngineDone = !browser.View()->page()->isLoading();
-    if (address == requestedAddress || isEngineDone)
+    if (isRequested || isEngineDone)
         requestedAddress.clear();
     const bool isSuperseded = !requestedAddress.isEmpty();
-    const bool isReload = std::exchange(isReloading, false);
+    const bool isReload = std::exchange(isReloading, false) && !isRequested;
 
     Q_EMIT Loaded();
     if (!isSuperseded)
         isOutdated = false;
-    if (const std::optional<QString> id = CartAddress::ProductId(address))
+    if (const std::optional<QString> id = CartAddress::ProductId(address)) {
         LeaveToProduct(*id);
-    else if (!isSuperseded)
-        Write(address, isReload);
+        return;
+    }
+    if (isSuperseded)
+        return;
+    Write(address, isReload);
     // The page that held the field is gone, and what it had to report is here.
-    if (!isSuperseded)
-        Q_EMIT Replaced();
+    Q_EMIT Replaced();
 }
 
 void CartPages::Write(const QString &address, bool isReload)
@@ -153,6 +160,7 @@ void CartPages::LeaveToProduct(const QString &id)
 void CartPages::LoadFailed()
 {
     requestedAddress.clear();
+    isReloading = false;
     Q_EMIT Failed();
 }
 

@@ -80,7 +80,8 @@ private:
     QString requestedAddress;
     /// The page's keys are no longer the cart's.
     bool isOutdated = false;
-    /// The engine failed and opens the last page again, whose action was carried out before.
+    /// The engine failed and opens the last page again, unless another one is asked for before. The
+    /// action of the last page was carried out already.
     bool isReloading = false;
 };
 

@@ -11,6 +11,8 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
+#include <QWebEngineView>
 
 using namespace Tesk;
 
@@ -36,12 +38,20 @@ private Q_SLOTS:
     void testFailedSaveLosesNothing();
     void testFailedLoadShowsWhatWasRead();
     void testFailedManualAddShowsWhatWasAdded();
+    void testFailedSaveOfAPageThatWasLeftEndsThere();
     void testEngineThatFailsInAnEditComesBack();
+    void testEngineThatFailsInALoadComesBack_data();
+    void testEngineThatFailsInALoadComesBack();
+    void testEngineThatFailsInAPrintIsReported();
+    void testCommandWhileThePageComesBackIsCarriedOut_data();
+    void testCommandWhileThePageComesBackIsCarriedOut();
+    void testCommandAfterAPageThatDidNotComeBackIsCarriedOut();
     void testReloadAfterAFailureRepeatsNoCommand();
     void testCommandRunsWithoutAPage();
 
 private:
     void Click(const char *button) { ClickOn(pane->Button(button)); }
+    bool IsUsable();
 
     std::unique_ptr<PaneWindow> pane;
 };
@@ -51,6 +61,23 @@ void TestPaneFailures::init()
     pane = std::make_unique<PaneWindow>();
     pane->Add(PaneWindow::Scissors, 3, QStringLiteral("OR 2"));
     QVERIFY(pane->ShowCart());
+}
+
+/// Whether an edit reaches the cart and a command opens its dialog.
+bool TestPaneFailures::IsUsable()
+{
+    QDialog *opened = nullptr;
+    DialogDriver driver({[&](QDialog &dialog) {
+        opened = &dialog;
+        dialog.reject();
+    }});
+    const bool isTyped = pane->WaitFor(QStringLiteral("document.getElementById('fld_0')")) &&
+                         pane->Type(QStringLiteral("#fld_0"), QStringLiteral("55"));
+    Click("btnManual");
+    const bool isUsable = isTyped && WaitUntil([&] { return opened != nullptr; }) &&
+                          pane->Cart().Entries().At(0)->Amount == qint16{55};
+    pane->Cart().Entries().At(0)->Amount = 3;
+    return isUsable;
 }
 
 void TestPaneFailures::testFailedSaveLosesNothing()
@@ -138,6 +165,20 @@ void TestPaneFailures::testFailedManualAddShowsWhatWasAdded()
         broken.WaitFor(QStringLiteral("document.querySelectorAll('tr.contListRow').length === 2")));
 }
 
+// Two pages complete before the program hears that the first has taken what was written into it.
+void TestPaneFailures::testFailedSaveOfAPageThatWasLeftEndsThere()
+{
+    QVERIFY(QDir().mkdir(pane->PathOf(QStringLiteral("order.csv"))));
+    const QString content = pane->GetController().GetContentBaseUrl();
+    WebBrowser *const browser = pane->Pane().Browser();
+    DialogDriver driver({Choose(pane->PathOf(QStringLiteral("order"))), Answer(QMessageBox::Ok)});
+    Q_EMIT browser->DocumentComplete(content + CartAndSave);
+    Q_EMIT browser->DocumentComplete(content + CartPage);
+    QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
+    QVERIFY(pane->WaitForReports());
+    QVERIFY(IsUsable());
+}
+
 void TestPaneFailures::testEngineThatFailsInAnEditComesBack()
 {
     const QStringList before = pane->Lines();
@@ -145,6 +186,118 @@ void TestPaneFailures::testEngineThatFailsInAnEditComesBack()
     QVERIFY(pane->WaitForPageAfter([&] { pane->KillEngine(); }, CartPage));
     QCOMPARE(pane->Lines(), before);
     QVERIFY(pane->WaitFor(QStringLiteral("document.getElementById('fld_0').value === '3'")));
+    QVERIFY(IsUsable());
+}
+
+void TestPaneFailures::testEngineThatFailsInALoadComesBack_data()
+{
+    QTest::addColumn<QString>("moment");
+    for (const char *const moment : {"asked for", "begun", "complete"})
+        QTest::newRow(moment) << QString::fromLatin1(moment);
+}
+
+// The page of a command, which is carried out once for all that.
+void TestPaneFailures::testEngineThatFailsInALoadComesBack()
+{
+    QFETCH(const QString, moment);
+    const QStringList before = pane->Lines();
+    WebBrowser *const browser = pane->Pane().Browser();
+    QObject once;
+    const auto kill = [&] {
+        once.disconnect();
+        QObject::disconnect(browser, nullptr, &once, nullptr);
+        QObject::disconnect(browser->View()->page(), nullptr, &once, nullptr);
+        pane->KillEngine();
+    };
+    const QSignalSpy ends(browser->View()->page(), &QWebEnginePage::renderProcessTerminated);
+    if (moment == QLatin1String("begun"))
+        connect(browser->View()->page(), &QWebEnginePage::loadingChanged, &once, kill);
+    else if (moment == QLatin1String("complete"))
+        connect(browser, &WebBrowser::DocumentComplete, &once, kill);
+    int dialogs = 0;
+    const auto count = [&](QDialog &dialog) {
+        ++dialogs;
+        dialog.reject();
+    };
+    DialogDriver driver({count, count});
+    Click("btnSave");
+    if (moment == QLatin1String("asked for")) {
+        QVERIFY(WaitUntil([&] { return browser->View()->page()->isLoading(); }));
+        kill();
+    }
+    QVERIFY(WaitUntil([&] { return ends.count() == 1 && dialogs > 0; }));
+    QVERIFY(pane->WaitFor(QStringLiteral("document.getElementById('fld_0')?.value === '3'")));
+    QVERIFY(pane->WaitForReports());
+    QCOMPARE(dialogs, 1);
+    QCOMPARE(pane->Lines(), before);
+    QVERIFY(IsUsable());
+}
+
+void TestPaneFailures::testEngineThatFailsInAPrintIsReported()
+{
+    const QStringList before = pane->Lines();
+    WebBrowser *const browser = pane->Pane().Browser();
+    const QSignalSpy texts(browser, &WebBrowser::StatusTextChange);
+    pane->Evaluate(QStringLiteral("void matchMedia('print').addListener(() => {"
+                                  " window.status = 'being printed'; for (;;); })"));
+    QString message;
+    DialogDriver driver({[&](QDialog &dialog) {
+        message = qobject_cast<QMessageBox *>(&dialog)->text();
+        dialog.accept();
+    }});
+    pane->Pane().OnPrint();
+    QVERIFY(WaitUntil([&] { return !texts.isEmpty(); }));
+    QVERIFY(pane->WaitForPageAfter([&] { pane->KillEngine(); }, CartPage));
+    QVERIFY(pane->WaitForPrints(1));
+    QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
+    QVERIFY2(message.contains(QStringLiteral("not printed")), qUtf8Printable(message));
+    QVERIFY(!QFile::exists(pane->PrintedFile()));
+    QCOMPARE(pane->Lines(), before);
+    QVERIFY(IsUsable());
+    pane->Pane().OnPrint();
+    QVERIFY(pane->WaitForPrints(2));
+    QVERIFY(pane->PrintedText().contains(QStringLiteral("AB 10/115")));
+}
+
+void TestPaneFailures::testCommandWhileThePageComesBackIsCarriedOut_data()
+{
+    QTest::addColumn<QString>("button");
+    for (const char *const button : {"btnSave", "btnPrint", "btnSendRequest", "btnSendOrder"})
+        QTest::newRow(button) << QString::fromLatin1(button);
+}
+
+void TestPaneFailures::testCommandWhileThePageComesBackIsCarriedOut()
+{
+    QFETCH(const QString, button);
+    int dialogs = 0;
+    DialogDriver driver({[&](QDialog &dialog) {
+        ++dialogs;
+        dialog.reject();
+    }});
+    QSignalSpy ends(pane->Pane().Browser()->View()->page(),
+                    &QWebEnginePage::renderProcessTerminated);
+    pane->KillEngine();
+    QVERIFY(WaitUntil([&] { return !ends.isEmpty(); }));
+    Click(qPrintable(button));
+    QVERIFY(WaitUntil([&] { return dialogs + pane->printCount == 1; }));
+    QVERIFY(pane->WaitForPrints(pane->printCount));
+}
+
+// The engine fails a second time, and the page is given up.
+void TestPaneFailures::testCommandAfterAPageThatDidNotComeBackIsCarriedOut()
+{
+    int dialogs = 0;
+    DialogDriver driver({[&](QDialog &dialog) {
+        ++dialogs;
+        dialog.reject();
+    }});
+    const QSignalSpy given(pane->Pane().Browser(), &WebBrowser::LoadFailed);
+    QVERIFY(pane->WaitForPageAfter([&] { pane->KillEngine(); }, CartPage));
+    pane->KillEngine();
+    QVERIFY(WaitUntil([&] { return !given.isEmpty(); }));
+    Click("btnSave");
+    QVERIFY(WaitUntil([&] { return dialogs == 1; }));
+    QVERIFY(IsUsable());
 }
 
 void TestPaneFailures::testReloadAfterAFailureRepeatsNoCommand()
