@@ -2,6 +2,7 @@
 #include "support/CatalogueWindow.h"
 #include "support/Dialogs.h"
 #include "support/EngineTest.h"
+#include "support/Files.h"
 #include "support/SampleCatalogue.h"
 #include "support/UserActions.h"
 #include "support/WaitUntil.h"
@@ -19,18 +20,6 @@ namespace {
 constexpr qint16 ScissorsId = 2;
 constexpr qint16 SetId = 482;
 
-QByteArray BytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool Write(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 const QString Own = QStringLiteral("AB 10/116|Operating scissors, straight, sharp/blunt|7");
 
 const QStringList SetLines{QStringLiteral("TS 90/100|Dressing set|Müller: Nr 4|1"),
@@ -47,87 +36,73 @@ class TestCartFiles final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init()
+    {
+        folder.emplace();
+        Start(QStringLiteral("English"));
+        catalogue->GetController().AddProductToCart(ScissorsId, 7, QString());
+    }
+    void cleanup()
+    {
+        cart.reset();
+        catalogue.reset();
+    }
+
     void testSavedCartIsLoadedOnAnotherMachine()
     {
-        QTemporaryDir folder;
-        const QString name = folder.filePath(QStringLiteral("order"));
-        const QString file = name + QLatin1String(".csv");
-        QStringList lines;
-        {
-            CatalogueWindow catalogue(SampleCatalogue);
-            QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-            catalogue.GetController().AddProductToCart(ScissorsId, 7, QString());
-            catalogue.GetController().AddProductToCart(SetId, 1, QString());
-            CartTab cart(catalogue);
-            QVERIFY(cart.Open());
-            QVERIFY(WaitUntil([&] { return cart.Lines().size() == 7; }));
-            // The edit is not left before the click.
-            QVERIFY(cart.Page().TypeInto(QStringLiteral("#cat_1"), QStringLiteral("Müller: Nr 4")));
-            QVERIFY(
-                CatalogueWindow::AnswerDialogs([&] { cart.Press("btnSave"); }, {ChooseFile(name)}));
-            lines = cart.Lines();
-        }
+        const QString file = PathOf("order.csv");
+        catalogue->GetController().AddProductToCart(SetId, 1, QString());
+        QVERIFY(cart->Open());
+        QVERIFY(WaitUntil([&] { return cart->Lines().size() == 7; }));
+        // The edit is not left before the click.
+        QVERIFY(cart->Page().TypeInto(QStringLiteral("#cat_1"), QStringLiteral("Müller: Nr 4")));
+        QVERIFY(Answer("btnSave", {ChooseFile(PathOf("order"))}));
+        const QStringList lines = cart->Lines();
         QCOMPARE(lines.mid(0, 6), QStringList{Own} + SetLines);
         QVERIFY(BytesOf(file).startsWith(
             "2;AB 10/116;Operating scissors, straight, sharp/blunt;7;\r\n\r\n"
             "482;TS 90/100;Dressing set;1;M\xFCller: Nr 4\r\n"
             "220;AB 40/145;Dressing forceps, straight;1;\r\n"));
-        QVERIFY(!QFile::exists(name));
+        QVERIFY(!QFile::exists(PathOf("order")));
 
-        CatalogueWindow other(SampleCatalogue, QStringLiteral("French"));
-        QVERIFY(other.WaitForFilledPage(QStringLiteral("welcome.html")));
-        CartTab cart(other);
-        QVERIFY(cart.Open());
-        QVERIFY(CatalogueWindow::AnswerDialogs([&] { cart.Press("btnLoad"); }, {ChooseFile(file)}));
-        QVERIFY(cart.WaitForLines(lines));
-        const QString again = folder.filePath(QStringLiteral("Again.CSV"));
-        QVERIFY(
-            CatalogueWindow::AnswerDialogs([&] { cart.Press("btnSave"); }, {ChooseFile(again)}));
+        Start(QStringLiteral("French"));
+        QVERIFY(cart->Open());
+        QVERIFY(Answer("btnLoad", {ChooseFile(file)}));
+        QVERIFY(cart->WaitForLines(lines));
+        const QString again = PathOf("Again.CSV");
+        QVERIFY(Answer("btnSave", {ChooseFile(again)}));
         QCOMPARE(BytesOf(again), BytesOf(file));
     }
 
     void testReplacingAFileIsAskedForTheNameWritten()
     {
-        QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("order.csv"));
-        QVERIFY(Write(file, "before"));
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        catalogue.GetController().AddProductToCart(ScissorsId, 7, QString());
-        CartTab cart(catalogue);
-        QVERIFY(cart.Open());
-        QVERIFY(cart.WaitForLines({Own}));
+        const QString file = PathOf("order.csv");
+        WriteBytes(file, "before");
+        QVERIFY(cart->Open());
+        QVERIFY(cart->WaitForLines({Own}));
         QString question;
-        QVERIFY(CatalogueWindow::AnswerDialogs(
-            [&] { cart.Press("btnSave"); }, {ChooseFile(folder.filePath(QStringLiteral("order"))),
-                                             PressButton(QMessageBox::No, &question), Cancel()}));
+        QVERIFY(Answer("btnSave", {ChooseFile(PathOf("order")),
+                                   PressButton(QMessageBox::No, &question), Cancel()}));
         QVERIFY(question.contains(QLatin1String("order.csv")));
         QCOMPARE(BytesOf(file), QByteArray("before"));
-        QVERIFY(cart.WaitForLines({Own}));
+        QVERIFY(cart->WaitForLines({Own}));
     }
 
     void testBadLineIsNamedAndWhatCameBeforeIsKept()
     {
-        QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("bad.csv"));
-        QVERIFY(Write(file, "1;A-1;Clamp;2;\r\n\r\n2;A-2;Probe;3;Tray\r\n\r\n5;A-3;Hook;2\r\n\r\n"
-                            "6;A-4;Never read;1;\r\n\r\n"));
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        catalogue.GetController().AddProductToCart(ScissorsId, 7, QString());
-        CartTab cart(catalogue);
-        QVERIFY(cart.Open());
-        QVERIFY(cart.WaitForLines({Own}));
+        const QString file = PathOf("bad.csv");
+        WriteBytes(file, "1;A-1;Clamp;2;\r\n\r\n2;A-2;Probe;3;Tray\r\n\r\n5;A-3;Hook;2\r\n\r\n"
+                         "6;A-4;Never read;1;\r\n\r\n");
+        QVERIFY(cart->Open());
+        QVERIFY(cart->WaitForLines({Own}));
         QString message;
-        QVERIFY(CatalogueWindow::AnswerDialogs(
-            [&] { cart.Press("btnLoad"); },
-            {ChooseFile(file), PressButton(QMessageBox::Ok, &message)}));
+        QVERIFY(Answer("btnLoad", {ChooseFile(file), PressButton(QMessageBox::Ok, &message)}));
         QVERIFY2(message.contains(file), qPrintable(message));
         QVERIFY2(message.contains(QRegularExpression(QStringLiteral("\\b[Ll]ine 5\\b"))),
                  qPrintable(message));
-        QVERIFY(
-            cart.WaitForLines({QStringLiteral("A-1|Clamp|2"), QStringLiteral("A-2|Probe|Tray|3")}));
-        QVERIFY(cart.Button("btnSendOrder")->isEnabled());
+        QVERIFY(cart->WaitForLines(
+            {QStringLiteral("A-1|Clamp|2"), QStringLiteral("A-2|Probe|Tray|3")}));
+        QVERIFY(cart->Button("btnSendOrder")->isEnabled());
     }
 
     void testAmountsOfAFileAreShownWhole_data()
@@ -140,81 +115,83 @@ private Q_SLOTS:
     void testAmountsOfAFileAreShownWhole()
     {
         QFETCH(const QSize, size);
-        QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("large.csv"));
-        QVERIFY(Write(file, "1;A-1;Clamp;1200;\r\n\r\n2;A-2;Probe;32767;\r\n\r\n"
-                            "3;A-3;Hook;-32768;\r\n\r\n"));
-        CatalogueWindow catalogue(SampleCatalogue);
-        catalogue.Window().resize(size);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        CartTab cart(catalogue);
-        QVERIFY(cart.Open());
-        QVERIFY(CatalogueWindow::AnswerDialogs([&] { cart.Press("btnLoad"); }, {ChooseFile(file)}));
+        const QString file = PathOf("large.csv");
+        WriteBytes(file, "1;A-1;Clamp;1200;\r\n\r\n2;A-2;Probe;32767;\r\n\r\n"
+                         "3;A-3;Hook;-32768;\r\n\r\n");
+        catalogue->Window().resize(size);
+        QVERIFY(cart->Open());
+        QVERIFY(Answer("btnLoad", {ChooseFile(file)}));
         QVERIFY(
-            cart.WaitForLines({QStringLiteral("A-1|Clamp|1200"), QStringLiteral("A-2|Probe|32767"),
-                               QStringLiteral("A-3|Hook|-32768")}));
-        QCOMPARE(cart.Page().Evaluate(QStringLiteral(
+            cart->WaitForLines({QStringLiteral("A-1|Clamp|1200"), QStringLiteral("A-2|Probe|32767"),
+                                QStringLiteral("A-3|Hook|-32768")}));
+        QCOMPARE(cart->Page().Evaluate(QStringLiteral(
                      "[...document.querySelectorAll('input.amountField')]"
                      ".filter(field => field.scrollWidth > field.clientWidth).length")),
                  QVariant(0));
-        QCOMPARE(cart.Page().Evaluate(
+        QCOMPARE(cart->Page().Evaluate(
                      QStringLiteral("document.documentElement.scrollWidth <= innerWidth")),
                  QVariant(true));
     }
 
     void testCancelledLoadKeepsTheCart()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        catalogue.GetController().AddProductToCart(ScissorsId, 7, QString());
-        CartTab cart(catalogue);
-        QVERIFY(cart.Open());
-        QVERIFY(cart.WaitForLines({Own}));
-        QVERIFY(CatalogueWindow::AnswerDialogs([&] { cart.Press("btnLoad"); }, {Cancel()}));
-        QVERIFY(cart.WaitForLines({Own}));
+        QVERIFY(cart->Open());
+        QVERIFY(cart->WaitForLines({Own}));
+        QVERIFY(Answer("btnLoad", {Cancel()}));
+        QVERIFY(cart->WaitForLines({Own}));
     }
 
     void testTitleWithMarkupLosesNothing()
     {
-        QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("markup.csv"));
+        const QString file = PathOf("markup.csv");
         const QByteArray text = "1;A-1;<b>Bold</b> & <i>slanted;2;\r\n\r\n"
                                 "2;A-2;<script>window.status='delItem:0'</script>Hook;3;\r\n\r\n"
                                 "\r\n";
-        QVERIFY(Write(file, text));
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        CartTab cart(catalogue);
-        QVERIFY(cart.Open());
-        QVERIFY(CatalogueWindow::AnswerDialogs([&] { cart.Press("btnLoad"); }, {ChooseFile(file)}));
-        QVERIFY(cart.WaitForLines(
+        WriteBytes(file, text);
+        QVERIFY(cart->Open());
+        QVERIFY(Answer("btnLoad", {ChooseFile(file)}));
+        QVERIFY(cart->WaitForLines(
             {QStringLiteral("A-1|Bold & slanted|2"), QStringLiteral("A-2|Hook|3")}));
-        const QString again = folder.filePath(QStringLiteral("again.csv"));
-        QVERIFY(
-            CatalogueWindow::AnswerDialogs([&] { cart.Press("btnSave"); }, {ChooseFile(again)}));
+        const QString again = PathOf("again.csv");
+        QVERIFY(Answer("btnSave", {ChooseFile(again)}));
         QCOMPARE(BytesOf(again), text);
     }
 
     void testEmptyingTheCartIsAskedFirst()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        catalogue.GetController().AddProductToCart(ScissorsId, 7, QString());
-        CartTab cart(catalogue);
-        QVERIFY(cart.Open());
-        QVERIFY(cart.WaitForLines({Own}));
+        QVERIFY(cart->Open());
+        QVERIFY(cart->WaitForLines({Own}));
         QString question;
         QString title;
-        QVERIFY(CatalogueWindow::AnswerDialogs([&] { cart.Press("btnDelete"); },
-                                               {PressButton(QMessageBox::No, &question, &title)}));
+        QVERIFY(Answer("btnDelete", {PressButton(QMessageBox::No, &question, &title)}));
         QCOMPARE(question, QStringLiteral("Do you really want to empty the whole shopping cart?"));
         QCOMPARE(title, QStringLiteral("Exit?"));
-        QVERIFY(cart.WaitForLines({Own}));
-        QVERIFY(CatalogueWindow::AnswerDialogs([&] { cart.Press("btnDelete"); },
-                                               {PressButton(QMessageBox::Yes)}));
-        QVERIFY(cart.WaitForText(QStringLiteral("Your shopping cart is empty.")));
-        QVERIFY(!cart.Button("btnDelete")->isEnabled());
+        QVERIFY(cart->WaitForLines({Own}));
+        QVERIFY(Answer("btnDelete", {PressButton(QMessageBox::Yes)}));
+        QVERIFY(cart->WaitForText(QStringLiteral("Your shopping cart is empty.")));
+        QVERIFY(!cart->Button("btnDelete")->isEnabled());
     }
+
+private:
+    QString PathOf(const char *name) const { return folder->filePath(QLatin1String(name)); }
+
+    void Start(const QString &language)
+    {
+        cart.reset();
+        catalogue.reset();
+        catalogue = std::make_unique<CatalogueWindow>(SampleCatalogue, language);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("welcome.html")));
+        cart.emplace(*catalogue);
+    }
+
+    bool Answer(const char *button, const std::vector<CatalogueWindow::DialogAnswer> &answers)
+    {
+        return CatalogueWindow::AnswerDialogs([&] { cart->Press(button); }, answers);
+    }
+
+    std::optional<QTemporaryDir> folder;
+    std::unique_ptr<CatalogueWindow> catalogue;
+    std::optional<CartTab> cart;
 };
 
 int main(int argc, char **argv)

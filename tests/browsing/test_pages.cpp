@@ -20,144 +20,138 @@ class TestPages final : public QObject
 {
     Q_OBJECT
 
+private:
+    std::unique_ptr<CatalogueWindow> catalogue;
+
 private Q_SLOTS:
+    void init()
+    {
+        catalogue = std::make_unique<CatalogueWindow>(SampleCatalogue);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("content/welcome.html")));
+    }
+    void cleanup() { catalogue.reset(); }
+
     void testStartShowsTheFilledWelcomePage()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("content/welcome.html")));
-        const LanguageSupport &languages = catalogue.GetController().Languages();
-        QCOMPARE(InnerText(catalogue, QStringLiteral("captionRight")).trimmed(),
+        const LanguageSupport &languages = catalogue->GetController().Languages();
+        QCOMPARE(InnerText(*catalogue, QStringLiteral("captionRight")).trimmed(),
                  languages.GetText(QStringLiteral("ucCategoriesCaption")));
         int listed = 0;
-        for (const auto &node : catalogue.Window().Tree().Nodes()) {
+        for (const auto &node : catalogue->Window().Tree().Nodes()) {
             if (node->parent == nullptr || node->parent->parent == nullptr)
                 ++listed;
         }
-        QCOMPARE(catalogue.Evaluate(QStringLiteral(
+        QCOMPARE(catalogue->Evaluate(QStringLiteral(
                      "document.querySelectorAll('#list .navHeadline, #list a').length")),
                  QVariant(listed));
-        QVERIFY(!catalogue.Window().History().HasMoreEntries());
+        QVERIFY(!catalogue->Window().History().HasMoreEntries());
     }
 
     void testClickOnACategoryWithChildrenOpensTheCategoryPage()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        const CategoryNode *const top = catalogue.Window().Tree().Nodes().front().get();
-        ClickInTree(catalogue, top);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("category_list.html?id=") + top->tag));
-        QCOMPARE(InnerText(catalogue, QStringLiteral("caption")).trimmed(), top->text);
-        QCOMPARE(catalogue.Window().tabMain->currentIndex(), int(frmCatalog::ProductsTab));
-        QCOMPARE(catalogue.Evaluate(QStringLiteral("document.querySelectorAll('#list a').length")),
+        const CategoryNode *const top = catalogue->Window().Tree().Nodes().front().get();
+        ClickInTree(*catalogue, top);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("category_list.html?id=") + top->tag));
+        QCOMPARE(InnerText(*catalogue, QStringLiteral("caption")).trimmed(), top->text);
+        QCOMPARE(catalogue->Window().tabMain->currentIndex(), int(frmCatalog::ProductsTab));
+        QCOMPARE(catalogue->Evaluate(QStringLiteral("document.querySelectorAll('#list a').length")),
                  QVariant(int(top->children.size())));
     }
 
     void testClickOnALeafOpensTheListAtItem1()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        const CategoryNode *const leaf = FindLongLeaf(catalogue);
+        const CategoryNode *const leaf = FindLongLeaf(*catalogue);
         QVERIFY(leaf != nullptr);
-        ClickInTree(catalogue, leaf);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html?firstItem=1&id=") +
-                                            leaf->tag));
-        QCOMPARE(RowCount(catalogue), 20);
-        QVERIFY(catalogue.Evaluate(QStringLiteral("!!document.getElementById('contListRow1')"))
+        ClickInTree(*catalogue, leaf);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("product_list.html?firstItem=1&id=") +
+                                             leaf->tag));
+        QCOMPARE(RowCount(*catalogue), 20);
+        QVERIFY(catalogue->Evaluate(QStringLiteral("!!document.getElementById('contListRow1')"))
                     .toBool());
     }
 
     void testPagerLeadsToTheSecondPage()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        const CategoryNode *const leaf = FindLongLeaf(catalogue);
+        const CategoryNode *const leaf = FindLongLeaf(*catalogue);
         QVERIFY(leaf != nullptr);
-        ClickInTree(catalogue, leaf);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("firstItem=1&")));
-        QVERIFY(catalogue.Click(QStringLiteral("a[href*='firstItem=21&']")));
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("firstItem=21&")));
-        QCOMPARE(RowCount(catalogue), 20);
-        QVERIFY(catalogue.Evaluate(QStringLiteral("!!document.getElementById('contListRow40')"))
+        ClickInTree(*catalogue, leaf);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("firstItem=1&")));
+        QVERIFY(catalogue->Click(QStringLiteral("a[href*='firstItem=21&']")));
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("firstItem=21&")));
+        QCOMPARE(RowCount(*catalogue), 20);
+        QVERIFY(catalogue->Evaluate(QStringLiteral("!!document.getElementById('contListRow40')"))
                     .toBool());
     }
 
     void testClickOnARowOpensTheDetails()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        const CategoryNode *const leaf = FindLongLeaf(catalogue);
+        const CategoryNode *const leaf = FindLongLeaf(*catalogue);
         QVERIFY(leaf != nullptr);
-        ClickInTree(catalogue, leaf);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("firstItem=1&")));
-        const ResultTable rows = catalogue.Window().Protocol().ProductRows();
-        QVERIFY(catalogue.Click(QStringLiteral("#contListRow2 td:nth-child(2)")));
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_details.html?id=") +
-                                            rows.Text(2, 0)));
-        QCOMPARE(InnerText(catalogue, QStringLiteral("productTitle")).trimmed(),
+        ClickInTree(*catalogue, leaf);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("firstItem=1&")));
+        const ResultTable rows = catalogue->Window().Protocol().ProductRows();
+        QVERIFY(catalogue->Click(QStringLiteral("#contListRow2 td:nth-child(2)")));
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("product_details.html?id=") +
+                                             rows.Text(2, 0)));
+        QCOMPARE(InnerText(*catalogue, QStringLiteral("productTitle")).trimmed(),
                  GetField(QStringLiteral("l.name"), rows, 2));
-        QVERIFY(InnerText(catalogue, QStringLiteral("productDetails"))
+        QVERIFY(InnerText(*catalogue, QStringLiteral("productDetails"))
                     .contains(GetField(QStringLiteral("p.artNr"), rows, 2)));
         QVERIFY(
-            catalogue.WaitFor(QStringLiteral("product_details"),
-                              QStringLiteral("[...document.querySelectorAll('#productImages img')]"
-                                             ".every(i => i.complete && i.naturalWidth > 0)")));
+            catalogue->WaitFor(QStringLiteral("product_details"),
+                               QStringLiteral("[...document.querySelectorAll('#productImages img')]"
+                                              ".every(i => i.complete && i.naturalWidth > 0)")));
     }
 
     void testDetailsOfASetListItsMembers()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
         const CategoryNode *const leaf =
-            FindLeaf(catalogue, [](const ResultTable &rows) { return FirstSet(rows) > 0; });
+            FindLeaf(*catalogue, [](const ResultTable &rows) { return FirstSet(rows) > 0; });
         QVERIFY(leaf != nullptr);
-        ClickInTree(catalogue, leaf);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
-        const ResultTable rows = catalogue.Window().Protocol().ProductRows();
+        ClickInTree(*catalogue, leaf);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("product_list.html")));
+        const ResultTable rows = catalogue->Window().Protocol().ProductRows();
         const int set = FirstSet(rows);
-        QVERIFY(catalogue.Click(
+        QVERIFY(catalogue->Click(
             QStringLiteral("a[href='product_details.html?id=%1']").arg(rows.Text(set, 0))));
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_details.html")));
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("product_details.html")));
         QVERIFY(WaitUntil([&] {
-            return catalogue.Window().Protocol().ProductRows().UpperRow() ==
-                   catalogue.GetController()
+            return catalogue->Window().Protocol().ProductRows().UpperRow() ==
+                   catalogue->GetController()
                        .Queries()
                        .QuerySetMembers(rows.Text(set, 0))
                        .UpperRow();
         }));
         QVERIFY(WaitUntil([&] {
-            return RowCount(catalogue) == catalogue.Window().Protocol().ProductRows().UpperRow();
+            return RowCount(*catalogue) == catalogue->Window().Protocol().ProductRows().UpperRow();
         }));
-        QCOMPARE(catalogue.Evaluate(
+        QCOMPARE(catalogue->Evaluate(
                      QStringLiteral("document.getElementById('imagesTable').style.visibility")),
                  QVariant(QStringLiteral("hidden")));
     }
 
     void testLinkToACategoryInsideAPageSelectsItsNode()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        QVERIFY(catalogue.Click(QStringLiteral("#list a")));
-        QVERIFY(WaitUntil([&] { return catalogue.Window().CurrentNode() != nullptr; }));
-        const CategoryNode *const node = catalogue.Window().CurrentNode();
-        QVERIFY(catalogue.Window().TreeViewCategories->IsBold(node));
-        QVERIFY(catalogue.WaitForFilledPage(node->HasChildren()
-                                                ? QStringLiteral("category_list.html")
-                                                : QStringLiteral("product_list.html")));
-        QCOMPARE(InnerText(catalogue, QStringLiteral("caption")).trimmed(), node->text);
+        QVERIFY(catalogue->Click(QStringLiteral("#list a")));
+        QVERIFY(WaitUntil([&] { return catalogue->Window().CurrentNode() != nullptr; }));
+        const CategoryNode *const node = catalogue->Window().CurrentNode();
+        QVERIFY(catalogue->Window().TreeViewCategories->IsBold(node));
+        QVERIFY(catalogue->WaitForFilledPage(node->HasChildren()
+                                                 ? QStringLiteral("category_list.html")
+                                                 : QStringLiteral("product_list.html")));
+        QCOMPARE(InnerText(*catalogue, QStringLiteral("caption")).trimmed(), node->text);
     }
 
     void testNewNodeTakesTheBoldAndThePathOfTheOld()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        const auto &nodes = catalogue.Window().Tree().Nodes();
+        const auto &nodes = catalogue->Window().Tree().Nodes();
         const CategoryNode *const first = nodes.front()->children.front();
         const CategoryNode *const second = nodes.back().get();
-        CategoryTreeView *const tree = catalogue.Window().TreeViewCategories;
-        ClickInTree(catalogue, first);
+        CategoryTreeView *const tree = catalogue->Window().TreeViewCategories;
+        ClickInTree(*catalogue, first);
         QVERIFY(tree->IsBold(first));
         QVERIFY(tree->ItemOf(first->parent)->isExpanded());
-        ClickInTree(catalogue, second);
+        ClickInTree(*catalogue, second);
         QVERIFY(!tree->IsBold(first));
         QVERIFY(!tree->ItemOf(first->parent)->isExpanded());
         QVERIFY(tree->IsBold(second));
@@ -166,13 +160,11 @@ private Q_SLOTS:
 
     void testStatusTextOutlivesTheMenus()
     {
-        CatalogueWindow catalogue(SampleCatalogue);
-        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
-        frmCatalog &window = catalogue.Window();
+        frmCatalog &window = catalogue->Window();
         QCOMPARE(window.lblStatus->text(),
-                 catalogue.GetController().GetText(QStringLiteral("defaultStatusBar")));
+                 catalogue->GetController().GetText(QStringLiteral("defaultStatusBar")));
         const CategoryNode *const node = window.Tree().Nodes().front()->children.front();
-        ClickInTree(catalogue, node);
+        ClickInTree(*catalogue, node);
         QCOMPARE(window.lblStatus->text(), node->parent->text + u'\\' + node->text);
         window.menus->mFile->popup(window.mapToGlobal(QPoint(10, 10)));
         QTest::keyClick(window.menus->mFile, Qt::Key_Down);
