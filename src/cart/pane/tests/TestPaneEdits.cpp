@@ -322,6 +322,9 @@ void TestPaneEdits::testColumnsStandInLine()
                                            .arg(QLatin1String(field))))
                          .size(),
                      qsizetype{1});
+        QCOMPARE(places("row.querySelector('.amountField').getBoundingClientRect().right"
+                        " <= row.querySelector('a').getBoundingClientRect().left"),
+                 QVariantList{true});
         // The longest number fits into its column, and into one line where there is room.
         if (width > 1000)
             QCOMPARE(places("(range => { range.selectNodeContents(row.cells[1]);"
