@@ -5,8 +5,9 @@
 namespace Tesk {
 
 /// Keeps a page from holding the user with dialog after dialog. A dialog is one of a row when it
-/// comes within a second of the end of the last one, too soon for a click of the user; of a row, the
-/// first five open. Whatever comes after them is refused until the page has been quiet for a second.
+/// comes within a second of the end of the last one, too soon for a click of the user; of a row,
+/// the first five open. Whatever comes after them is refused until the page has been quiet for a
+/// second.
 class DialogLimit final
 {
 public:

@@ -88,8 +88,8 @@ private:
     {
         QString told;
         [&] {
-            QTRY_VERIFY(!(told = fixture.Evaluate(QStringLiteral("window.told")).toString())
-                             .isEmpty());
+            QTRY_VERIFY(
+                !(told = fixture.Evaluate(QStringLiteral("window.told")).toString()).isEmpty());
         }();
         return told;
     }
@@ -335,10 +335,9 @@ private Q_SLOTS:
         const LogCapture log;
         DialogCloser closer;
         QVERIFY(OpenPlainPage());
-        browser.RunScript(
-            QStringLiteral("setTimeout(() => {"
-                           " for (i = 0; i < 200; ++i) i % 2 ? alert(i) : confirm(i);"
-                           " b.innerText = 'over' })"));
+        browser.RunScript(QStringLiteral("setTimeout(() => {"
+                                         " for (i = 0; i < 200; ++i) i % 2 ? alert(i) : confirm(i);"
+                                         " b.innerText = 'over' })"));
         QTRY_COMPARE(Text(), QStringLiteral("over"));
         QCOMPARE(closer.count, DialogLimit::longestRow);
         QVERIFY(log.Has(gate, {QStringLiteral("further questions"), QStringLiteral("\"5\"")}));
