@@ -48,7 +48,11 @@ frmShoppingCartAdd::frmShoppingCartAdd(const CatalogueQueries &queries,
     connect(qApp, &QApplication::focusChanged, this, &frmShoppingCartAdd::FocusChanged);
 }
 
-frmShoppingCartAdd::~frmShoppingCartAdd() = default;
+frmShoppingCartAdd::~frmShoppingCartAdd()
+{
+    // The fields lose the focus when they are destroyed, after this class's part is gone.
+    disconnect(qApp, nullptr, this, nullptr);
+}
 
 void frmShoppingCartAdd::Build()
 {
