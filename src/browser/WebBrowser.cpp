@@ -88,14 +88,16 @@ WebBrowser::~WebBrowser()
     blockSignals(true);
     for (QObject *const child : children())
         child->blockSignals(true);
-    if (const std::shared_ptr<PageHold> held = hold.lock(); !held)
-        return;
-    QEventLoop loop;
-    endOfHold = [&loop] { loop.quit(); };
-    QTimer::singleShot(longestHold, &loop, &QEventLoop::quit);
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
-    if (const std::shared_ptr<PageHold> held = hold.lock())
-        held->Forget();
+    if (!hold.expired()) {
+        QEventLoop loop;
+        endOfHold = [&loop] { loop.quit(); };
+        QTimer::singleShot(longestHold, &loop, &QEventLoop::quit);
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+        if (const std::shared_ptr<PageHold> held = hold.lock())
+            held->Forget();
+    }
+    // A page that ends gives every answer it owes, and those look at this class's part.
+    delete page;
 }
 
 void WebBrowser::Queue(const std::function<void()> &task)
@@ -235,7 +237,8 @@ void WebBrowser::GiveChannel(const QUrl &url)
     const QPointer<WebBrowser> self = this;
     page->runJavaScript(PageChannel::Of(page->profile()).Script(), QWebEngineScript::MainWorld,
                         [self, url](const QVariant &) {
-                            if (!self || self->isLoading || self->loadedUrl != url)
+                            if (!self || self->isEnding || self->isLoading ||
+                                self->loadedUrl != url)
                                 return;
                             const bool isKnown = std::exchange(self->isDocumentKnown, true);
                             if (!isKnown || self->newestDocumentId != self->completeDocumentId)
@@ -334,7 +337,7 @@ void WebBrowser::RunScript(const QString &script, const std::function<void(const
 {
     const QPointer<WebBrowser> self = this;
     page->runJavaScript(script, QWebEngineScript::MainWorld, [self, done](const QVariant &result) {
-        if (self && done)
+        if (self && !self->isEnding && done)
             self->Queue([done, result] { done(result); });
     });
 }
