@@ -118,11 +118,16 @@ void MonkeySession::Rest()
     CheckCartPage();
 }
 
+/// Keys and clicks reach a page on another way than questions, and may be answered later.
 void MonkeySession::CheckCart()
 {
     const QStringList expected = model.Lines();
-    const QStringList held = CartModel::LinesOf(catalogue.GetController().GetShoppingCart());
-    if (held != expected)
+    QStringList held;
+    const auto isHeld = [&] {
+        held = CartModel::LinesOf(catalogue.GetController().GetShoppingCart());
+        return held == expected;
+    };
+    if (!WaitUntil(isHeld, AnswerPatience))
         findings.Fail(QStringLiteral("the cart holds\n%1\nin place of\n%2")
                           .arg(held.join(u'\n'), expected.join(u'\n')));
 }
