@@ -44,8 +44,11 @@ public:
     void ShowUnchangedCart();
     void ShowOrderForm(bool isToBePrinted);
 
-    /// Whether a page is loading or what was written into it is not there yet.
-    bool IsUnderWay() const;
+    /// Whether the page that was asked for last has not loaded yet.
+    bool IsLoading() const;
+    /// Whether it has, and what was written into it is not there yet.
+    bool IsWriting() const;
+    bool IsUnderWay() const { return IsLoading() || IsWriting(); }
     bool IsOrderForm() const;
 
 Q_SIGNALS:

@@ -58,6 +58,8 @@ ShoppingCart::ShoppingCart(const Parts &parts, const PagePrinter::SetUp &setUp, 
 
     connect(toolbars, &CartToolbars::Pressed, this, &ShoppingCart::Start);
     connect(pages, &CartPages::Loaded, this, &ShoppingCart::UpdateButtons);
+    // Written from the cart as it is now.
+    connect(pages, &CartPages::Replaced, this, [this] { isShowWaiting = false; });
     connect(pages, &CartPages::Replaced, afterEdit, &AfterPage::GoOn);
     connect(pages, &CartPages::Written, this, &ShoppingCart::PageWritten);
     connect(pages, &CartPages::Failed, this, &ShoppingCart::PageFailed);
@@ -88,9 +90,17 @@ void ShoppingCart::InitGui()
 
 void ShoppingCart::Initialize()
 {
-    // What is under way shows the cart as well, and may carry a command.
-    if (!isCommandRunning && !pages->IsUnderWay())
+    // A page that is still loading will be written from the cart as it is then, and may carry a
+    // command. One that is written already shows an earlier cart.
+    isShowWaiting = isCommandRunning || pages->IsWriting();
+    if (!isShowWaiting && !pages->IsLoading())
         pages->ShowCart();
+}
+
+void ShoppingCart::ShowWaiting()
+{
+    if (isShowWaiting)
+        Initialize();
 }
 
 void ShoppingCart::OnPrint()
@@ -120,15 +130,21 @@ void ShoppingCart::Start(CartCommand command)
         // The page's own message would go with the page, and the corrected amount unseen on its
         // way.
         if (isCorrected.toBool() && KeepsTheCart(command))
-            isCommandRunning = false;
+            EndCommand();
         else
             Perform(command);
     });
 }
 
+void ShoppingCart::EndCommand()
+{
+    isCommandRunning = false;
+    ShowWaiting();
+}
+
 void ShoppingCart::Perform(CartCommand command)
 {
-    auto end = qScopeGuard([this] { isCommandRunning = false; });
+    auto end = qScopeGuard([this] { EndCommand(); });
     switch (command) {
     case CartCommand::Save:
         pages->ShowCart(CartPageAction::Save);
@@ -146,7 +162,10 @@ void ShoppingCart::Perform(CartCommand command)
         AddManually();
         return;
     case CartCommand::Print:
-        Print();
+        if (isShowWaiting)
+            isPrintRequested = true;
+        else
+            Print();
         return;
     case CartCommand::Delete:
         Empty();
@@ -205,6 +224,7 @@ void ShoppingCart::SendForm(bool isOrder)
 
 void ShoppingCart::PageWritten(CartPageAction action)
 {
+    const auto end = qScopeGuard([this] { ShowWaiting(); });
     const bool isPrint = std::exchange(isPrintRequested, false) || action == CartPageAction::Print;
     Carry(action);
     if (isPrint)
@@ -233,6 +253,7 @@ void ShoppingCart::Carry(CartPageAction action)
 void ShoppingCart::PageFailed()
 {
     isPrintRequested = false;
+    isShowWaiting = false;
     isCommandRunning = afterEdit->IsWaiting();
 }
 

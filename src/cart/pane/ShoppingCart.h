@@ -49,7 +49,8 @@ public:
     void OnManualAdd();
     /// Sets all captions in the current language.
     void InitGui();
-    /// Shows the cart as it is now, unless a page that will show it is under way already.
+    /// Shows the cart as it is now, unless a page that will show it is loading already. Waits for a
+    /// command that is under way, and for the page that is being written.
     void Initialize();
     /// Shows the order form of the contact form sent or printed last, and prints it.
     void ExtContactCall(bool performPrint);
@@ -64,6 +65,8 @@ Q_SIGNALS:
 private:
     void Start(CartCommand command);
     void Perform(CartCommand command);
+    void EndCommand();
+    void ShowWaiting();
     void Load();
     void AddManually();
     void Empty();
@@ -85,6 +88,8 @@ private:
     AfterPage *afterEdit;
     bool isCommandRunning = false;
     bool isPrintRequested = false;
+    /// The cart is to be shown anew once nothing stands in the way.
+    bool isShowWaiting = false;
 };
 
 } // namespace Tesk

@@ -61,6 +61,8 @@ private Q_SLOTS:
     void testDoubleClickIsOneCommand();
     void testCommandOfThePageIsCarriedOut();
     void testTabSwitchDoesNotLoseACommand();
+    void testChangeDuringACommandIsShown();
+    void testChangeDuringTheWritingIsPrinted();
     void testRefreshIsReplacedByTheNextNavigation();
 
 private:
@@ -310,6 +312,33 @@ void TestPaneCommands::testTabSwitchDoesNotLoseACommand()
     QVERIFY(WaitUntil([&] { return QFile::exists(pane->PathOf(QStringLiteral("order.csv"))); }));
     QVERIFY(pane->WaitForReports());
     QVERIFY(!driver.IsDone()); // The command ran once.
+}
+
+void TestPaneCommands::testChangeDuringACommandIsShown()
+{
+    DialogDriver driver({[this](QDialog &dialog) {
+        pane->Add(PaneWindow::OtherScissors, 4);
+        pane->Pane().Initialize();
+        dialog.reject();
+    }});
+    Click("btnManual");
+    QVERIFY(pane->WaitFor(QStringLiteral("document.getElementById('fld_1')?.value === '4'")));
+}
+
+void TestPaneCommands::testChangeDuringTheWritingIsPrinted()
+{
+    QObject::connect(
+        pane->Pane().Browser(), &WebBrowser::DocumentComplete, &pane->Pane(),
+        [this] {
+            pane->Add(PaneWindow::OtherScissors, 4);
+            pane->Pane().Initialize();
+            pane->Pane().OnPrint();
+        },
+        Qt::SingleShotConnection);
+    pane->Pane().Initialize();
+    QVERIFY(pane->WaitForPrints(1));
+    const QString text = pane->PrintedText();
+    QVERIFY2(text.contains(QStringLiteral("AB 10/116")), qUtf8Printable(text));
 }
 
 void TestPaneCommands::testRefreshIsReplacedByTheNextNavigation()

@@ -26,6 +26,7 @@ private Q_SLOTS:
 
     void testEmptyCartSaysSo();
     void testFilledCartShowsItsLines();
+    void testChangeDuringTheWritingIsShown();
     void testAmountIsStoredWithinItsLimits_data();
     void testAmountIsStoredWithinItsLimits();
     void testAmountOfAMemberIsStored();
@@ -79,6 +80,21 @@ void TestPaneEdits::testFilledCartShowsItsLines()
     for (const char *const name : {"btnSave", "btnLoad", "btnManual", "btnPrint", "btnSendRequest",
                                    "btnSendOrder", "btnDelete"})
         QVERIFY2(pane->IsEnabled(name), name);
+}
+
+// The page was written from the cart as it was before, and has not confirmed it yet.
+void TestPaneEdits::testChangeDuringTheWritingIsShown()
+{
+    pane->Add(PaneWindow::Scissors, 3);
+    QObject::connect(
+        pane->Pane().Browser(), &WebBrowser::DocumentComplete, &pane->Pane(),
+        [this] {
+            pane->Add(PaneWindow::OtherScissors, 4);
+            pane->Pane().Initialize();
+        },
+        Qt::SingleShotConnection);
+    QVERIFY(pane->ShowCart());
+    QVERIFY(pane->WaitFor(QStringLiteral("document.getElementById('fld_1')?.value === '4'")));
 }
 
 void TestPaneEdits::testAmountIsStoredWithinItsLimits_data()
