@@ -6,13 +6,15 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
 
 #include <functional>
 #include <vector>
 
 namespace Tesk {
 
-/// Runs one action a dialog that appears, in their order.
+/// Runs one action a dialog that appears, in their order. Dialogs behind them stay open for the
+/// test, unless it has failed and nobody will answer them.
 class DialogDriver final : public QObject
 {
 public:
@@ -41,6 +43,8 @@ private:
     {
         if (!IsDone())
             actions[next++](dialog);
+        else if (QTest::currentTestFailed())
+            dialog.reject();
     }
 
     std::vector<Action> actions;
@@ -66,6 +70,15 @@ inline DialogDriver::Action Answer(QMessageBox::StandardButton button)
 inline void Cancel(QDialog &dialog)
 {
     dialog.reject();
+}
+
+/// A dialog that must not open: fails the test, and leaves nothing open that would hold it up.
+inline DialogDriver::Action Unexpected(const char *what)
+{
+    return [what](QDialog &dialog) {
+        dialog.reject();
+        QTest::qFail(what, __FILE__, __LINE__);
+    };
 }
 
 } // namespace Tesk

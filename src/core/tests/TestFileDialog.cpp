@@ -221,7 +221,7 @@ private Q_SLOTS:
     void testNoQuestionAboutTheNameWithoutItsEnding()
     {
         const QString typed = MakeFile(QStringLiteral("order"));
-        DialogDriver driver({Choose(typed), [](QDialog &) { QFAIL("a question"); }});
+        DialogDriver driver({Choose(typed), Unexpected("a question")});
         QCOMPARE(FileDialog::ShowSaveDialog(CartFilter, 0, nullptr, CartEnding),
                  QDir::toNativeSeparators(typed + QStringLiteral(".csv")));
         QVERIFY(!driver.IsDone());
@@ -230,8 +230,8 @@ private Q_SLOTS:
     void testNameWithItsEndingIsAskedAboutOnce()
     {
         const QString path = MakeFile(QStringLiteral("order.csv"));
-        DialogDriver driver({Choose(path), Answer(QMessageBox::Yes),
-                             [](QDialog &) { QFAIL("a second question"); }});
+        DialogDriver driver(
+            {Choose(path), Answer(QMessageBox::Yes), Unexpected("a second question")});
         QCOMPARE(FileDialog::ShowSaveDialog(CartFilter, 0, nullptr, CartEnding),
                  QDir::toNativeSeparators(path));
         QVERIFY(!driver.IsDone());

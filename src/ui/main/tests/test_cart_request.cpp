@@ -77,7 +77,7 @@ private Q_SLOTS:
     void testCancelledRequestSaysNothing()
     {
         CartRequest request(controller, &window);
-        DialogDriver driver({Cancel, [](QDialog &) { QFAIL("a message"); }});
+        DialogDriver driver({Cancel, Unexpected("a message")});
         request.StatusTextChange(QStringLiteral("shoppingCart:1"));
         QVERIFY(!driver.IsDone());
         QCOMPARE(controller.GetShoppingCart().Count(), qint16{0});
