@@ -99,8 +99,10 @@ private Q_SLOTS:
                     .contains(GetField(QStringLiteral("p.artNr"), rows, 2)));
         QVERIFY(
             catalogue->WaitFor(QStringLiteral("product_details"),
-                               QStringLiteral("[...document.querySelectorAll('#productImages img')]"
-                                              ".every(i => i.complete && i.naturalWidth > 0)")));
+                               QStringLiteral("(pictures => pictures.length > 0 && pictures.every("
+                                              " i => i.complete && i.naturalWidth > 0))"
+                                              "([...document.querySelectorAll("
+                                              "'#productImages img')])")));
     }
 
     void testDetailsOfASetListItsMembers()

@@ -21,7 +21,8 @@ namespace Tesk {
 namespace {
 
 const QString AllPicturesAreShown =
-    QStringLiteral("[...document.images].every(i => i.complete && i.naturalWidth > 0)");
+    QStringLiteral("document.querySelector('#productImages img') !== null &&"
+                   " [...document.images].every(i => i.complete && i.naturalWidth > 0)");
 
 constexpr int ProductsOnAPage = 20;
 
