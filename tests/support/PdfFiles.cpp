@@ -2,6 +2,7 @@
 
 #include <QProcess>
 #include <QRegularExpression>
+#include <QXmlStreamReader>
 
 namespace Tesk {
 
@@ -44,9 +45,26 @@ QStringList LinesOfSheet(const QString &path, int sheet)
         .split(lineEnds, Qt::SkipEmptyParts);
 }
 
-QString WordPlaces(const QString &path)
+QList<PdfSheet> SheetsOfPdf(const QString &path)
 {
-    return Text({QStringLiteral("-bbox")}, path);
+    QXmlStreamReader reader(Text({QStringLiteral("-bbox")}, path));
+    QList<PdfSheet> sheets;
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        const QXmlStreamAttributes attributes = reader.attributes();
+        const auto number = [&attributes](const char *name) {
+            return attributes.value(QLatin1String(name)).toDouble();
+        };
+        if (reader.name() == QLatin1String("page")) {
+            sheets.append({QSizeF(number("width"), number("height")), {}});
+        } else if (reader.name() == QLatin1String("word")) {
+            const QRectF place(QPointF(number("xMin"), number("yMin")),
+                               QPointF(number("xMax"), number("yMax")));
+            sheets.last().words.append({reader.readElementText(), place});
+        }
+    }
+    return sheets;
 }
 
 QList<int> SheetsWithPictures(const QString &path)

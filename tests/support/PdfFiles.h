@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QList>
+#include <QRectF>
+#include <QSizeF>
 #include <QString>
 #include <QStringList>
 
@@ -13,8 +15,21 @@ int SheetCount(const QString &path);
 QString TextOfPdf(const QString &path);
 /// The pieces of text of one sheet from top to bottom.
 QStringList LinesOfSheet(const QString &path, int sheet);
-/// Each word as `<word xMin="…" yMin="…" …>`, points from the left and upper edge of its sheet.
-QString WordPlaces(const QString &path);
+
+/// A word and where it stands: points from the left and upper edge of its sheet.
+struct PdfWord
+{
+    QString text;
+    QRectF place;
+};
+
+struct PdfSheet
+{
+    QSizeF size; ///< points
+    QList<PdfWord> words;
+};
+
+QList<PdfSheet> SheetsOfPdf(const QString &path);
 /// The sheet of each picture.
 QList<int> SheetsWithPictures(const QString &path);
 

@@ -2,10 +2,10 @@
 
 /*
  * The program writes the captions of a table as its first row. For the printer that row becomes the
- * table's head, which stands on every sheet, and an empty foot keeps the rows clear of the address
- * line. Rows that lack cells are filled up, so that the lines under them run through. Fields show
- * their text beside them, as a field would cut a long one. Only the printer shows all this, and it
- * goes again when the printing is done.
+ * table's head, which stands on every sheet. Rows that lack cells are filled up, so that the lines
+ * under them run through. Texts too long for one line are marked. Fields show their text beside them,
+ * as a field would cut a long one. Only the printer shows all this, and it goes again when the
+ * printing is done.
  */
 (() => {
     function captionedTables() {
@@ -16,6 +16,8 @@
     const filler = 'filler';
     const fieldText = 'fieldText';
     const moreThanAnyRow = 12;
+    const longText = 'longText';
+    const longestUnbroken = 20;
 
     function addFiller(row) {
         const cell = row.insertCell();
@@ -34,12 +36,20 @@
         }
     }
 
+    /** Numbers, sizes and prices stay in one line, unless that line would need half the sheet. */
+    function markLongTexts() {
+        for (const cell of document.querySelectorAll('.contListRow > td')) {
+            if (cell.textContent.length > longestUnbroken)
+                cell.classList.add(longText);
+        }
+    }
+
     function dress() {
         undress();
         addFieldTexts();
+        markLongTexts();
         for (const table of captionedTables()) {
             table.createTHead().append(table.rows[0]);
-            table.createTFoot().insertRow().insertCell().colSpan = moreThanAnyRow;
             if (table.align)
                 [table.tHead.rows[0], ...table.querySelectorAll('tr.contListRow')].forEach(addFiller);
         }
@@ -51,10 +61,10 @@
                 continue;
             table.tBodies[0].prepend(table.tHead.rows[0]);
             table.deleteTHead();
-            table.deleteTFoot();
         }
         document.querySelectorAll(`#list .${filler}, #list .${fieldText}`)
             .forEach(addition => addition.remove());
+        document.querySelectorAll(`.${longText}`).forEach(cell => cell.classList.remove(longText));
     }
 
     window.addEventListener('beforeprint', dress);

@@ -1,9 +1,11 @@
 #include "PaneWindow.h"
 #include "browser/WebBrowser.h"
 #include "support/EngineTest.h"
-#include "support/PdfFiles.h"
+#include "support/PrintedSheets.h"
 #include "support/WaitUntil.h"
 
+#include <QDate>
+#include <QFile>
 #include <QPrinter>
 #include <QRegularExpression>
 
@@ -22,6 +24,40 @@ QList<QStringList> WordsOf(const QString &sheet)
     return lines;
 }
 
+/// Whether the page is the order form's or the cart's, on each kind of paper.
+void AddPagesAndPapers()
+{
+    QTest::addColumn<QPageSize::PageSizeId>("paper");
+    QTest::addColumn<bool>("isOrder");
+    QTest::newRow("order, A4") << QPageSize::A4 << true;
+    QTest::newRow("order, Letter") << QPageSize::Letter << true;
+    QTest::newRow("cart, A4") << QPageSize::A4 << false;
+    QTest::newRow("cart, Letter") << QPageSize::Letter << false;
+}
+
+/// Prints the page on the paper of the test's data; false when it does not come.
+bool Print(PaneWindow &pane)
+{
+    QFETCH(const QPageSize::PageSizeId, paper);
+    QFETCH(const bool, isOrder);
+    pane.setUpPrinter = [paper](QPrinter &printer) { printer.setPageSize(QPageSize(paper)); };
+    if (isOrder) {
+        pane.Pane().ExtContactCall(true);
+    } else {
+        if (!pane.ShowCart())
+            return false;
+        pane.Pane().OnPrint();
+    }
+    return pane.WaitForPrints(1);
+}
+
+QString AddressLine(PaneWindow &pane)
+{
+    return QStringLiteral("© %1 %2")
+        .arg(QDate::currentDate().year())
+        .arg(pane.GetController().GetText(QStringLiteral("commonAddress")));
+}
+
 } // namespace
 
 /// The cart and the order form on paper.
@@ -30,8 +66,12 @@ class TestPanePrinting : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void testFortyLines_data();
+    void testFortyLines_data() { AddPagesAndPapers(); }
     void testFortyLines();
+    void testLongRemarks_data();
+    void testLongRemarks();
+    void testLongWords_data() { AddPagesAndPapers(); }
+    void testLongWords();
     void testCartIsPrintedWithWhatTheFieldsHold();
     void testPrintWaitsForThePageThatIsUnderWay();
     void testEditIsPrinted();
@@ -39,24 +79,10 @@ private Q_SLOTS:
     void testEmptyOrderIsPrinted();
 };
 
-void TestPanePrinting::testFortyLines_data()
-{
-    QTest::addColumn<int>("paper");
-    QTest::addColumn<bool>("isOrder");
-    QTest::newRow("order, A4") << int{QPageSize::A4} << true;
-    QTest::newRow("order, Letter") << int{QPageSize::Letter} << true;
-    QTest::newRow("cart, A4") << int{QPageSize::A4} << false;
-    QTest::newRow("cart, Letter") << int{QPageSize::Letter} << false;
-}
-
 void TestPanePrinting::testFortyLines()
 {
-    QFETCH(const int, paper);
     QFETCH(const bool, isOrder);
     PaneWindow pane;
-    pane.setUpPrinter = [paper](QPrinter &printer) {
-        printer.setPageSize(QPageSize(static_cast<QPageSize::PageSizeId>(paper)));
-    };
     QStringList numbers;
     for (int i = 0; i < LineCount; ++i) {
         pane.Add(static_cast<qint16>(PaneWindow::Scissors + i), static_cast<qint16>(100 + i),
@@ -65,14 +91,10 @@ void TestPanePrinting::testFortyLines()
     }
     pane.lastContact = {QStringLiteral("Bestellung"),
                         QStringLiteral("Name der Institution: Klinik Süd\r\nTelefon: 4711\r\n")};
-    if (isOrder) {
-        pane.Pane().ExtContactCall(true);
-    } else {
-        QVERIFY(pane.ShowCart());
-        pane.Pane().OnPrint();
-    }
-    QVERIFY(pane.WaitForPrints(1));
+    QVERIFY(Print(pane));
 
+    QCOMPARE(WordInMargins(SheetsOfPdf(pane.PrintedFile())), QString());
+    QCOMPARE(FaultOfAddressLines(pane.PrintedFile(), AddressLine(pane)), QString());
     const QStringList sheets = pane.PrintedText().split(u'\f', Qt::SkipEmptyParts);
     QVERIFY(sheets.size() > 1);
     // All lines in their order, number, category and amount in one row, nothing cut and nothing
@@ -100,6 +122,64 @@ void TestPanePrinting::testFortyLines()
     QCOMPARE(sheets.first().contains(QStringLiteral("Name der Institution: Klinik Süd\n")),
              isOrder);
     QVERIFY(!sheets.last().contains(QStringLiteral("Klinik Süd")));
+}
+
+void TestPanePrinting::testLongRemarks_data()
+{
+    QTest::addColumn<QPageSize::PageSizeId>("paper");
+    QTest::addColumn<bool>("isOrder");
+    QTest::addColumn<int>("lineCount");
+    for (const int lineCount : {45, 60, 130}) {
+        QTest::addRow("%d lines, A4", lineCount) << QPageSize::A4 << true << lineCount;
+        QTest::addRow("%d lines, Letter", lineCount) << QPageSize::Letter << true << lineCount;
+    }
+}
+
+void TestPanePrinting::testLongRemarks()
+{
+    QFETCH(const int, lineCount);
+    PaneWindow pane;
+    pane.Add(PaneWindow::Scissors, 3);
+    pane.lastContact.subject = QStringLiteral("Bestellung");
+    for (int line = 0; line < lineCount; ++line)
+        pane.lastContact.body += QStringLiteral("Zeile-%1 der Bemerkungen\r\n").arg(line);
+    QVERIFY(Print(pane));
+    const QList<PdfSheet> sheets = SheetsOfPdf(pane.PrintedFile());
+    QString text;
+    for (const PdfSheet &sheet : sheets)
+        text += WordsOf(sheet) + u' ';
+    for (int line = 0; line < lineCount; ++line)
+        QCOMPARE(text.count(QStringLiteral("Zeile-%1 der Bemerkungen").arg(line)), 1);
+    QVERIFY(text.contains(QStringLiteral("AB 10/115")));
+    QCOMPARE(WordInMargins(sheets), QString());
+    QCOMPARE(FaultOfAddressLines(pane.PrintedFile(), AddressLine(pane)), QString());
+}
+
+void TestPanePrinting::testLongWords()
+{
+    PaneWindow pane;
+    const QString word(120, u'W');
+    QFile prices(pane.PathOf(QStringLiteral("prices.txt")));
+    QVERIFY(prices.open(QIODevice::WriteOnly));
+    prices.write("AB10/115\t" + word.toLatin1() + "\r\n");
+    prices.close();
+    pane.GetController().Prices().LoadPriceList(prices.fileName());
+    for (int i = 0; i < 4; ++i)
+        pane.Add(PaneWindow::Scissors, 999);
+    pane.Cart().Entries().At(1)->ArtNr = word;
+    pane.Cart().Entries().At(2)->Title = word;
+    pane.Cart().Entries().At(3)->AltCategory = word;
+    pane.lastContact = {word, word};
+    QVERIFY(Print(pane));
+    const QList<PdfSheet> sheets = SheetsOfPdf(pane.PrintedFile());
+    QCOMPARE(WordInMargins(sheets), QString());
+    QString text;
+    for (const PdfSheet &sheet : sheets)
+        text += WordsOf(sheet);
+    // The price stands in three lines of the cart.
+    QFETCH(const bool, isOrder);
+    QCOMPARE(text.count(u'W'), (3 + 3 + (isOrder ? 2 : 0)) * word.size());
+    QCOMPARE(text.count(QStringLiteral("999")), 4);
 }
 
 void TestPanePrinting::testCartIsPrintedWithWhatTheFieldsHold()
