@@ -2,6 +2,7 @@
 #include "check/ReferenceCheck.h"
 #include "sources/CatalogueSources.h"
 #include "sources/ContentPlan.h"
+#include "sources/DataSheetPlan.h"
 #include "sources/Problems.h"
 #include "sources/ProgramNeeds.h"
 #include "sources/SvgSource.h"
@@ -40,8 +41,8 @@ QSet<QString> Targets(const CatalogueSources &sources, const QList<ContentFile> 
     QSet<QString> targets;
     for (const ContentFile &file : files)
         targets.insert(file.path);
-    for (const QString &file : sources.Files(QStringLiteral("datasheets")))
-        targets.insert(QStringLiteral("PDF/%1.pdf").arg(QFileInfo(file).completeBaseName()));
+    for (const DataSheet &sheet : PlanDataSheets(sources))
+        targets.insert(QStringLiteral("PDF/") + sheet.fileName);
     return targets;
 }
 

@@ -10,7 +10,30 @@ namespace Tesk {
 
 namespace {
 
-constexpr QLatin1String valueMark("{0}");
+constexpr QLatin1String errorKeys("error");
+
+/// Errors are told in English where their text is missing.
+bool IsOptional(const QString &key)
+{
+    return key.startsWith(errorKeys);
+}
+
+/// The marks `{0}`, `{1}` … that the program puts values in place of, in their order.
+QStringList ValueMarks(const QString &text)
+{
+    static const QRegularExpression mark(QStringLiteral("\\{\\d+\\}"));
+    QStringList marks;
+    for (auto found = mark.globalMatch(text); found.hasNext();)
+        marks.append(found.next().captured());
+    marks.sort();
+    marks.removeDuplicates();
+    return marks;
+}
+
+QString Named(const QStringList &marks)
+{
+    return marks.isEmpty() ? QStringLiteral("(none)") : marks.join(QLatin1Char(' '));
+}
 
 /// The keys of all languages together with those that the program looks up.
 QSet<QString> AllKeys(const std::vector<LanguageSource> &languages)
@@ -26,7 +49,7 @@ QSet<QString> AllKeys(const std::vector<LanguageSource> &languages)
 void CheckKeys(const LanguageSource &language, const QSet<QString> &keys, Problems &problems)
 {
     for (const QString &key : keys) {
-        if (!language.Find(key))
+        if (!IsOptional(key) && !language.Find(key))
             problems.Add(language.File(), 0,
                          QStringLiteral("the key \"%1\" is missing, so nothing would show in its "
                                         "place; add it")
@@ -54,11 +77,15 @@ void CheckValueMarks(const LanguageSource &language, const LanguageSource &model
 {
     for (const LanguageText &text : language.Texts()) {
         const LanguageText *other = model.Find(text.key);
-        if (other && other->text.contains(valueMark) != text.text.contains(valueMark))
+        if (!other)
+            continue;
+        const QStringList marks = ValueMarks(text.text);
+        const QStringList otherMarks = ValueMarks(other->text);
+        if (marks != otherMarks)
             problems.Add(language.File(), text.line,
-                         QStringLiteral("only one of %1 and this file has the mark {0} in the text "
-                                        "of \"%2\"; write it in both or in none")
-                             .arg(model.File(), text.key));
+                         QStringLiteral("the text of \"%1\" has the marks %2, in %3 it has %4; "
+                                        "write the same ones in both")
+                             .arg(text.key, Named(marks), model.File(), Named(otherMarks)));
     }
 }
 

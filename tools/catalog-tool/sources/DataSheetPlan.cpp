@@ -1,15 +1,13 @@
 #include "sources/DataSheetPlan.h"
 
+#include "core/ContentAddresses.h"
 #include "sources/CatalogueSources.h"
 
 namespace Tesk {
 
 QString DataSheet::ArticleNumber() const
 {
-    return fileName.chopped(QLatin1String(".pdf").size())
-        .replace(QLatin1Char('_'), QLatin1Char(' '))
-        .replace(QLatin1Char('-'), QLatin1Char('/'))
-        .toUpper();
+    return ContentAddresses::PdfKey(fileName);
 }
 
 QList<DataSheet> PlanDataSheets(const CatalogueSources &sources)

@@ -345,7 +345,43 @@ private Q_SLOTS:
                      "ucShoppingCartAddSuccess2=", "ucShoppingCartAddSuccess2={0}");
         const QStringList problems = Check(tiny);
         QCOMPARE(problems.size(), 1);
-        QVERIFY(problems.first().contains(QLatin1String("the mark {0}")));
+        QVERIFY(problems.first().contains(
+            QLatin1String("the text of \"ucShoppingCartAddSuccess2\" has the marks {0}")));
+    }
+
+    void testReportsOneOfSeveralValueMarksMissing()
+    {
+        const TinySources tiny;
+        const QByteArray key = "ucShoppingCartAddSuccess2=";
+        for (const char *const code : {"ge", "en", "fr", "sp", "it"})
+            tiny.Replace(QStringLiteral("languages/loc_%1.txt").arg(QLatin1String(code)), key,
+                         key + "{1}{0}");
+        QCOMPARE(Check(tiny), QStringList());
+        tiny.Replace(QStringLiteral("languages/loc_it.txt"), "{1}{0}", "{0}");
+        const QStringList problems = Check(tiny);
+        QCOMPARE(problems.size(), 1);
+        QVERIFY(problems.first().contains(QLatin1String("has the marks {0}, in ")));
+        QVERIFY(problems.first().contains(QLatin1String(" it has {0} {1};")));
+    }
+
+    void testTextsOfErrorsMayBeMissing()
+    {
+        const TinySources tiny;
+        tiny.Replace(QStringLiteral("languages/loc_it.txt"), "mHelp=", "errorOfItsOwn=x\nmHelp=");
+        QCOMPARE(Check(tiny), QStringList());
+    }
+
+    void testOnlyWhatBecomesADataSheetCanBeReferredTo()
+    {
+        const TinySources tiny;
+        tiny.Write(QStringLiteral("datasheets/figures.css"), "x");
+        tiny.Write(
+            QStringLiteral("content/own.css"),
+            "a { background: url(../PDF/AB_10-1.pdf) } b { background: url(../PDF/figures.pdf) }");
+        const QStringList problems = Check(tiny);
+        QCOMPARE(problems.size(), 1);
+        QVERIFY2(problems.first().contains(QLatin1String("figures.pdf")),
+                 qPrintable(problems.first()));
     }
 
     void testTitlesDecideTheOrderOfEqualSortKeys()

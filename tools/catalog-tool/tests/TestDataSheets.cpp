@@ -79,6 +79,9 @@ private Q_SLOTS:
     {
         QCOMPARE((DataSheet{QStringLiteral("ab-12_x.pdf"), {}, true}.ArticleNumber()),
                  QStringLiteral("AB/12 X"));
+        // Letter by letter, as the program finds them.
+        QCOMPARE((DataSheet{QString::fromUtf8("maß_1.pdf"), {}, true}.ArticleNumber()),
+                 QString::fromUtf8("MAß 1"));
     }
 
     void testOnlyPagesAndReadySheetsOfTheFolderItselfAreSheets()
