@@ -14,8 +14,6 @@
 #include <QTabWidget>
 #include <QTest>
 
-#include <algorithm>
-
 namespace Tesk {
 
 namespace {

@@ -1,5 +1,5 @@
 -- The six tables of the catalogue. Every value is stored as text; the declared type decides how a
--- column compares and sorts: by bytes when it is a VARCHAR, by value otherwise.
+-- column compares and sorts: by bytes when the type holds CHAR, TEXT, CLOB or BLOB, by value otherwise.
 
 CREATE TABLE categories (
     ID INTEGER PRIMARY KEY,

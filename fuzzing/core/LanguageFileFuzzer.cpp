@@ -6,7 +6,6 @@
 #include "support/Require.h"
 #include "support/Scratch.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <optional>

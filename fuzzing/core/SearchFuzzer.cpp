@@ -3,6 +3,7 @@
 #include "core/FileWatch.h"
 #include "core/SQLiteWrapper.h"
 #include "core/StringHelper.h"
+#include "core/queries/ArtNr.h"
 #include "support/Require.h"
 #include "support/Scratch.h"
 

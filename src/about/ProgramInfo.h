@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QLatin1String>
 #include <QString>
 
 /// The program's version information, apart from its version, which is the catalogue's and stands

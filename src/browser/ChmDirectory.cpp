@@ -25,7 +25,7 @@ constexpr quint32 noBlock = 0xFFFFFFFF;
 
 const QLatin1String compressionPath("::DataSpace/Storage/MSCompressed/");
 
-class DirectoryReader
+class DirectoryReader final
 {
 public:
     explicit DirectoryReader(QFile &source)

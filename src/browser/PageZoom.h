@@ -19,9 +19,6 @@ public:
     /// The controls outlive the zoom.
     explicit PageZoom(const QList<WebBrowser *> &controls, QObject *parent = nullptr);
 
-    /// From 50 to 300.
-    int Percent() const { return percent; }
-
     void In();
     void Out();
     void Reset();

@@ -2,11 +2,10 @@
 
 #include "base/Numbers.h"
 #include "core/SQLiteWrapper.h"
+#include "core/queries/ArtNr.h"
 #include "core/queries/ProductSearch.h"
 #include "core/queries/Statements.h"
-#include "core/queries/Trim.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace Tesk {
@@ -17,11 +16,6 @@ namespace {
 QString FirstId(const ResultTable &table)
 {
     return QString::number(table.HasData() ? ToInt16(table.Text(1, 0)) : qint16{-1});
-}
-
-bool IsDigit(QChar c)
-{
-    return c >= u'0' && c <= u'9';
 }
 
 } // namespace
@@ -108,15 +102,6 @@ ResultTable CatalogueQueries::SearchByArtNr(const QString &artNr) const
 ResultTable CatalogueQueries::SearchByDescription(const QString &text) const
 {
     return SearchProducts(text, QString(), QStringLiteral("0"), QStringLiteral("mm"), true);
-}
-
-QString NormaliseArtNr(const QString &text)
-{
-    QString artNr = TrimSpaces(text);
-    const auto digit = std::find_if(artNr.cbegin(), artNr.cend(), IsDigit);
-    if (!artNr.contains(u' ') && digit != artNr.cend())
-        artNr.insert(digit - artNr.cbegin(), u' ');
-    return TrimSpaces(artNr);
 }
 
 } // namespace Tesk

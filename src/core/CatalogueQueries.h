@@ -13,7 +13,7 @@ class SQLiteWrapper;
 
 /// Every question that the program asks of the catalogue. Arguments go into the SQL text exactly
 /// as received: ids as decimal text, the user's text unescaped.
-class CatalogueQueries
+class CatalogueQueries final
 {
 public:
     /// `currentCode` answers the current language's code at the moment a statement is built;
@@ -48,8 +48,5 @@ private:
     std::function<QString()> languageCode;
     QLocale locale;
 };
-
-/// The article number with the blank before its first digit, trimmed: "AB123" → "AB 123".
-QString NormaliseArtNr(const QString &text);
 
 } // namespace Tesk

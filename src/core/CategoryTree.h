@@ -11,7 +11,7 @@ namespace Tesk {
 class ResultTable;
 
 /// One category. Everything outside the tree addresses it by its tag, the category ID.
-class CategoryNode
+class CategoryNode final
 {
 public:
     QString key;                          ///< "C" and the TREE_ID
@@ -28,7 +28,7 @@ public:
 };
 
 /// The category tree in the order of its first fill, which a change of language keeps.
-class CategoryTree
+class CategoryTree final
 {
 public:
     /// Fills the tree from the columns ID, TREE_ID, parent and title (positions 0 to 3); a tree

@@ -14,7 +14,7 @@ namespace Tesk {
 class Registry;
 
 /// The program's spine: start-up, and the state that lives for the whole run.
-class Controller
+class Controller final
 {
 public:
     /// `folder`: the application directory, in which all files are looked for, native separators.

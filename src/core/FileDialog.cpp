@@ -13,7 +13,7 @@ namespace Tesk::FileDialog {
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcFiles, "tesk.files")
+Q_LOGGING_CATEGORY(filesLog, "tesk.files")
 
 void SayThatFolderIsMissing(const QString &folder, QWidget *owner)
 {
@@ -41,7 +41,7 @@ QString ChosenPath(QFileDialog &dialog)
     }
     QString path = QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
     if (path.size() > MaxPathLength) {
-        qCWarning(lcFiles) << "The path is longer than" << MaxPathLength << "characters:" << path;
+        qCWarning(filesLog) << "The path is longer than" << MaxPathLength << "characters:" << path;
         return QString();
     }
     return path;

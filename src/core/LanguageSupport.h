@@ -12,7 +12,7 @@ namespace Tesk {
 class Registry;
 
 /// The five user-interface languages, the current one, and the texts of all of them.
-class LanguageSupport
+class LanguageSupport final
 {
 public:
     static constexpr int LanguageCount = 5;

@@ -11,7 +11,7 @@ namespace Tesk {
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcPrices, "tesk.prices")
+Q_LOGGING_CATEGORY(pricesLog, "tesk.prices")
 
 constexpr QLatin1String PathSetting("PriceListPath");
 constexpr QLatin1String Currency("&nbsp;EUR");
@@ -47,7 +47,7 @@ QString PriceList::LoadPriceListAtStart()
     try {
         LoadPriceList(path);
     } catch (const CatalogueError &error) {
-        qCWarning(lcPrices).noquote() << error.Message();
+        qCWarning(pricesLog).noquote() << error.Message();
         registry.RegDeleteValue(SettingsKey, PathSetting);
         return QStringLiteral("Price list %1 can not be found!").arg(path);
     }

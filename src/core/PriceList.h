@@ -10,7 +10,7 @@ namespace Tesk {
 class Registry;
 
 /// The customer's prices, one for each article number, from a text file that he chose.
-class PriceList
+class PriceList final
 {
 public:
     explicit PriceList(Registry &settings);

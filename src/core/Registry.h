@@ -11,7 +11,7 @@ namespace Tesk {
 /// Nothing is reported to the user: what cannot be read is empty, and a refused write is lost. Both
 /// leave a line in the logging category "tesk.settings". A file that is damaged is copied beside
 /// itself before the first write replaces it; one that cannot be read is never replaced.
-class Registry
+class Registry final
 {
 public:
     /// `fileName`: the JSON file; its folder is made at the first write. Not used on Windows.

@@ -15,7 +15,7 @@ namespace Tesk {
 /// has no header row either and its upper row is −1.
 ///
 /// A search may find every product: the cells stand in one block of bytes, and copies share it.
-class ResultTable
+class ResultTable final
 {
 public:
     ResultTable();

@@ -3,7 +3,7 @@
 #include "base/CodePage.h"
 #include "base/Errors.h"
 #include "core/database/CatalogueConnection.h"
-#include "core/database/Logging.h"
+#include "core/database/Log.h"
 #include "core/database/ReadGuard.h"
 #include "core/database/StatementRewriter.h"
 #include "core/database/StatementRunner.h"
@@ -103,7 +103,7 @@ void SQLiteWrapper::BeginOpen(const QString &fileName)
         d->begunName = fileName;
     } catch (const std::system_error &error) {
         // Without a thread Open() does all of it.
-        qCWarning(Database::log) << error.what();
+        qCWarning(Database::databaseLog) << error.what();
     }
 }
 
@@ -117,7 +117,7 @@ bool SQLiteWrapper::Open(const QString &fileName, QString *errorText)
     } catch (const std::exception &failure) {
         error = QStringLiteral("The catalogue %1 cannot be opened: %2.")
                     .arg(d->fileName, QString::fromUtf8(failure.what()));
-        qCWarning(Database::log).noquote() << error;
+        qCWarning(Database::databaseLog).noquote() << error;
     }
     if (errorText)
         *errorText = error;
@@ -144,7 +144,7 @@ ResultTable SQLiteWrapper::GetTable(const QString &sql, QString *errorText) cons
         error = QString::fromUtf8(failure.what());
         // A search text may be long; its beginning tells the statement.
         constexpr qsizetype longestShown = 300;
-        qCWarning(Database::log).noquote()
+        qCWarning(Database::databaseLog).noquote()
             << QStringLiteral("The statement gives no rows of the catalogue %1 (%2): %3")
                    .arg(d->fileName, error, sql.first(qMin(sql.size(), longestShown)));
     }

@@ -11,7 +11,7 @@ namespace Tesk {
 /// The one read-only connection to the catalogue database. A version 2 file comes into SQLite 3
 /// once and is kept in the user's cache folder under the source file's identity; a version 3 file
 /// opens directly.
-class SQLiteWrapper
+class SQLiteWrapper final
 {
 public:
     /// `cacheFolder` is where opened version 2 files are kept; made when it is missing. With an

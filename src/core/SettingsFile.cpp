@@ -17,7 +17,7 @@ namespace Tesk {
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcSettings, "tesk.settings")
+Q_LOGGING_CATEGORY(settingsLog, "tesk.settings")
 
 /// How long a write waits for another program's, and how often it looks. Both take a few
 /// milliseconds.
@@ -56,12 +56,12 @@ QJsonObject SettingsFile::Read() const
 void SettingsFile::Update(const std::function<void(QJsonObject &)> &change) const
 {
     if (!QDir().mkpath(QFileInfo(fileName).path())) {
-        qCWarning(lcSettings) << "The folder of the settings cannot be made:" << fileName;
+        qCWarning(settingsLog) << "The folder of the settings cannot be made:" << fileName;
         return;
     }
     QLockFile lock(fileName + QLatin1String(".lock"));
     if (!WaitForLock(lock)) {
-        qCWarning(lcSettings) << "The settings cannot be locked for writing:" << fileName;
+        qCWarning(settingsLog) << "The settings cannot be locked for writing:" << fileName;
         return;
     }
 
@@ -86,7 +86,7 @@ SettingsFile::Content SettingsFile::Load() const
     if (file.open(QIODevice::ReadOnly))
         bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {
-        qCWarning(lcSettings) << "The settings cannot be read:" << fileName << file.errorString();
+        qCWarning(settingsLog) << "The settings cannot be read:" << fileName << file.errorString();
         return {State::Unreadable, {}, {}};
     }
     // An empty file, as a full disk may leave it, holds nothing to lose.
@@ -95,14 +95,14 @@ SettingsFile::Content SettingsFile::Load() const
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (!document.isObject()) {
-        qCWarning(lcSettings) << "The settings are damaged:" << fileName << error.errorString();
+        qCWarning(settingsLog) << "The settings are damaged:" << fileName << error.errorString();
         return {State::Damaged, bytes, {}};
     }
     const QJsonObject root = document.object();
     const bool holdsObjects =
         std::all_of(root.begin(), root.end(), [](const QJsonValue &key) { return key.isObject(); });
     if (!holdsObjects) {
-        qCWarning(lcSettings) << "The settings are damaged:" << fileName << "has foreign values";
+        qCWarning(settingsLog) << "The settings are damaged:" << fileName << "has foreign values";
         return {State::Damaged, bytes, root};
     }
     return {State::Usable, bytes, root};
@@ -120,10 +120,10 @@ bool SettingsFile::KeepCopy(const QByteArray &damaged) const
     QString reason;
     const bool isKept = WholeFile::Replace(copyName, {damaged}, &reason);
     if (isKept)
-        qCWarning(lcSettings) << "The damaged settings are kept as" << copyName;
+        qCWarning(settingsLog) << "The damaged settings are kept as" << copyName;
     else
-        qCWarning(lcSettings) << "The damaged settings cannot be copied, so they stay:" << fileName
-                              << reason;
+        qCWarning(settingsLog) << "The damaged settings cannot be copied, so they stay:" << fileName
+                               << reason;
     return isKept;
 }
 
@@ -133,7 +133,7 @@ void SettingsFile::Replace(const QJsonObject &root) const
     if (WholeFile::Replace(fileName, {QJsonDocument(root).toJson()}, &reason))
         WholeFile::RemoveLeftovers(fileName);
     else
-        qCWarning(lcSettings) << "The settings cannot be written:" << fileName << reason;
+        qCWarning(settingsLog) << "The settings cannot be written:" << fileName << reason;
 }
 
 } // namespace Tesk

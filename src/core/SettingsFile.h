@@ -10,7 +10,7 @@ namespace Tesk {
 
 /// One JSON object of objects in a file that several programs read and write. Failures are no
 /// errors to the caller; each leaves a line in the logging category "tesk.settings".
-class SettingsFile
+class SettingsFile final
 {
 public:
     explicit SettingsFile(const QString &name);

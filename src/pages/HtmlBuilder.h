@@ -21,7 +21,7 @@ class ResultTable;
 /// The Write operations change the page only when everything before the change could be built; an
 /// error of the rows (ConversionError, SubscriptError) leaves through them. Texts of the catalogue
 /// and addresses go into the HTML as they are.
-class HtmlBuilder
+class HtmlBuilder final
 {
 public:
     static constexpr qint16 ProductsPerPage = 20;

@@ -8,7 +8,7 @@ class PageContext;
 class ResultTable;
 
 /// The HTML that the rows of product lists and set lists share, for one product's row.
-class ListRow
+class ListRow final
 {
 public:
     /// `rowNumber` is the product's row in `products`, from 1; it also numbers the row in the page.

@@ -41,11 +41,6 @@ bool EqualIgnoringCase(std::string_view left, std::string_view right)
         left, right, {}, [](char c) { return ToUpper(c); }, [](char c) { return ToUpper(c); });
 }
 
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 bool IsNumber(std::string_view text)
 {
     SkipSign(text);

@@ -18,7 +18,7 @@ namespace Sqlite2 {
 /// reads outside the file's bytes nor runs without end. A file is refused when any of its pages is
 /// not in its place, so a damaged byte costs no row unnoticed: at most the text that holds it is
 /// another. One thread at a time may use a reader.
-class Reader
+class Reader final
 {
 public:
     /// Called for each record with its row id and its values (the row id column filled in).

@@ -3,8 +3,6 @@
 #include "sqlite2/ByteView.h"
 #include "sqlite2/Format.h"
 
-#include <limits>
-
 namespace Sqlite2 {
 
 namespace {

@@ -3,7 +3,6 @@
 #include "sqlite2/ByteOrder.h"
 #include "sqlite2/Value.h"
 
-#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -12,7 +11,7 @@ namespace Sqlite2 {
 
 /// Writes a new version 2 database file that the version 2 engine would accept. Everything is kept
 /// in memory until Finish(), which writes the file whole through a temporary file beside it.
-class Writer
+class Writer final
 {
 public:
     explicit Writer(ByteOrder byteOrder = ByteOrder::Little);

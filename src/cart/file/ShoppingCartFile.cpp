@@ -14,7 +14,7 @@ namespace Tesk::ShoppingCartFile {
 
 namespace {
 
-Q_LOGGING_CATEGORY(lcCart, "tesk.cart")
+Q_LOGGING_CATEGORY(cartFileLog, "tesk.cart.file")
 
 constexpr QLatin1String LineEnd("\r\n");
 
@@ -48,7 +48,7 @@ void Save(const clsShoppingCart &cart, const QString &path)
                                      "another folder or under another name."),
                       "errorCartSave", path, reason);
     if (CodePage::FromBytes(bytes) != text)
-        qCWarning(lcCart) << "Characters outside the code page were saved as '?' in" << path;
+        qCWarning(cartFileLog) << "Characters outside the code page were saved as '?' in" << path;
 }
 
 void Load(const QString &path, clsShoppingCart &cart)
@@ -74,8 +74,8 @@ void Load(const QString &path, clsShoppingCart &cart)
                            "The shopping cart holds what was read before."),
             "errorCartRead", path, file.errorString());
     if (records.IsInsideRecord())
-        qCWarning(lcCart) << "The last item of" << fileName
-                          << "is left out: no empty line follows it";
+        qCWarning(cartFileLog) << "The last item of" << fileName
+                               << "is left out: no empty line follows it";
 }
 
 } // namespace Tesk::ShoppingCartFile

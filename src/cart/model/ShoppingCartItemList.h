@@ -9,7 +9,7 @@ class clsShoppingCartItem;
 
 /// A list of cart items whose positions run from LowerBound() to UpperBound(). Items are shared:
 /// a copy of the list holds the same items.
-class ShoppingCartItemList
+class ShoppingCartItemList final
 {
 public:
     using Item = std::shared_ptr<clsShoppingCartItem>;

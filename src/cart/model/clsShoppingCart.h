@@ -7,7 +7,7 @@
 namespace Tesk {
 
 /// The shopping cart: items in the order of adding, equal articles on lines of their own.
-class clsShoppingCart
+class clsShoppingCart final
 {
 public:
     /// Positions in the cart are 16-bit numbers, as is its count.

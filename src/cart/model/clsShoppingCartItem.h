@@ -19,7 +19,7 @@ struct SetTemplateRow
 };
 
 /// One line of the cart: a single article, or a set with its members.
-class clsShoppingCartItem
+class clsShoppingCartItem final
 {
 public:
     QString Id; ///< the product's database id

@@ -2,7 +2,7 @@
 
 #include "base/WholeFile.h"
 #include "core/database/FileStamp.h"
-#include "core/database/Logging.h"
+#include "core/database/Log.h"
 #include "core/database/SourceIdentity.h"
 
 #include <QCryptographicHash>
@@ -96,8 +96,9 @@ void CatalogueCache::NoteChecked(const QString &sourceName, const QByteArray &st
         return;
     QString reason;
     if (!WholeFile::Replace(NoteNameOf(sourceName), {stamps}, &reason))
-        qCInfo(log).noquote() << QStringLiteral("%1 cannot be written (%2).")
-                                     .arg(QDir::toNativeSeparators(NoteNameOf(sourceName)), reason);
+        qCInfo(databaseLog).noquote()
+            << QStringLiteral("%1 cannot be written (%2).")
+                   .arg(QDir::toNativeSeparators(NoteNameOf(sourceName)), reason);
     WholeFile::RemoveLeftovers(NoteNameOf(sourceName));
 }
 
@@ -113,9 +114,10 @@ QString CatalogueCache::Store(const QString &sourceName, const QByteArray &ident
         WholeFile::RemoveLeftovers(fileName);
         return fileName;
     }
-    qCWarning(log).noquote() << QStringLiteral("The catalogue cannot be kept in %1 (%2); it is read"
-                                               " anew at each start.")
-                                    .arg(QDir::toNativeSeparators(folder), reason);
+    qCWarning(databaseLog).noquote()
+        << QStringLiteral("The catalogue cannot be kept in %1 (%2); it is read"
+                          " anew at each start.")
+               .arg(QDir::toNativeSeparators(folder), reason);
     return {};
 }
 

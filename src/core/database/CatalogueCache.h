@@ -14,7 +14,7 @@ namespace Tesk::Database {
 /// (FileStamp.h), so that they need not be read again as long as they stay as they are. Files
 /// appear whole, under their name at once, and are never changed, so that several programs may use
 /// and replace them.
-class CatalogueCache
+class CatalogueCache final
 {
 public:
     /// An empty folder name makes a cache that keeps nothing.

@@ -3,7 +3,7 @@
 #include "base/Errors.h"
 #include "core/database/CatalogueCache.h"
 #include "core/database/CatalogueImport.h"
-#include "core/database/Logging.h"
+#include "core/database/Log.h"
 #include "core/database/SourceIdentity.h"
 #include "sqlite2/Reader.h"
 
@@ -47,7 +47,7 @@ Connection OpenKept(const QString &fileName)
         Execute(connection.get(), "SELECT count(*) FROM sqlite_master");
         return connection;
     } catch (const FileError &error) {
-        qCWarning(log).noquote() << QStringLiteral("%1: %2").arg(fileName, error.Message());
+        qCWarning(databaseLog).noquote() << QStringLiteral("%1: %2").arg(fileName, error.Message());
         return {};
     }
 }

@@ -9,8 +9,6 @@
 
 #include <sqlite3.h>
 
-#include <QFile>
-
 #include <algorithm>
 #include <array>
 #include <filesystem>

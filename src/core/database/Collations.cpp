@@ -1,6 +1,7 @@
 #include "core/database/Collations.h"
 
 #include "base/CodePage.h"
+#include "sqlite2/AsciiText.h"
 
 #include <sqlite3.h>
 
@@ -14,25 +15,6 @@ namespace Tesk::Database {
 
 namespace {
 
-using Iterator = std::string_view::const_iterator;
-
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-Iterator SkipSign(Iterator position, Iterator end)
-{
-    return position != end && (*position == '+' || *position == '-') ? position + 1 : position;
-}
-
-/// The end of the digits at `position`; nothing where there are none.
-std::optional<Iterator> SkipDigits(Iterator position, Iterator end)
-{
-    const Iterator digitsEnd = std::find_if_not(position, end, IsDigit);
-    return digitsEnd == position ? std::nullopt : std::optional(digitsEnd);
-}
-
 /// Whether the text is a whole number that no other text equals. Ids and lengths are.
 bool IsPlainNumber(std::string_view text)
 {
@@ -40,12 +22,12 @@ bool IsPlainNumber(std::string_view text)
     if (text.empty() || text.size() > maxDigits || (text.front() == '0' && text.size() > 1))
         return false;
     // The name of the function alone would be called for each character.
-    return std::all_of(text.begin(), text.end(), [](char c) { return IsDigit(c); });
+    return std::all_of(text.begin(), text.end(), [](char c) { return Sqlite2::IsDigit(c); });
 }
 
 std::optional<double> NumberOf(std::string_view text)
 {
-    if (!IsNumber(text))
+    if (!Sqlite2::IsNumber(text))
         return std::nullopt;
     if (text.front() == '+')
         text.remove_prefix(1);
@@ -85,17 +67,6 @@ int Collate(void *, int leftSize, const void *left, int rightSize, const void *r
 }
 
 } // namespace
-
-bool IsNumber(std::string_view text)
-{
-    const Iterator end = text.end();
-    std::optional<Iterator> position = SkipDigits(SkipSign(text.begin(), end), end);
-    if (position && *position != end && **position == '.')
-        position = SkipDigits(*position + 1, end);
-    if (position && *position != end && (**position == 'e' || **position == 'E'))
-        position = SkipDigits(SkipSign(*position + 1, end), end);
-    return position == end;
-}
 
 int CompareNumeric(std::string_view left, std::string_view right)
 {

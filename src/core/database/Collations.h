@@ -12,10 +12,6 @@ namespace Tesk::Database {
 inline constexpr const char *NumericCollation = "tesk_numeric";
 inline constexpr const char *TextCollation = "tesk_text";
 
-/// Whether the whole text is a decimal number: sign, digits, "." and digits, exponent; all but the
-/// first digits may be missing.
-bool IsNumber(std::string_view text);
-
 /// Two numbers by value, a number before any other text, two other texts as CompareText.
 int CompareNumeric(std::string_view left, std::string_view right);
 

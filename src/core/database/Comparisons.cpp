@@ -3,6 +3,7 @@
 #include "core/database/BetweenBounds.h"
 #include "core/database/Collations.h"
 #include "core/database/Connection.h"
+#include "sqlite2/AsciiText.h"
 
 #include <algorithm>
 #include <array>
@@ -143,7 +144,7 @@ Operand ComparisonFinder::NumberAt(size_t index) const
     if (digits >= select.whole.end || tokens[digits].kind != SqlToken::Kind::Number)
         return {};
     const QByteArrayView text = tokens[digits].text;
-    if (!IsNumber({text.data(), static_cast<size_t>(text.size())}))
+    if (!Sqlite2::IsNumber({text.data(), static_cast<size_t>(text.size())}))
         return {};
     return {Operand::Kind::Number, {index, digits + 1}};
 }

@@ -7,8 +7,6 @@
 
 #include <QUrl>
 
-#include <utility>
-
 namespace Tesk::Database {
 
 namespace {

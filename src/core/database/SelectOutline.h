@@ -30,8 +30,6 @@ struct FromItem
 {
     QByteArray table; ///< empty for a sub-select or a table function
     QByteArray alias; ///< the name by which the statement calls it
-
-    bool IsTable() const { return !table.isEmpty(); }
 };
 
 /// The parts of a SELECT statement; of a compound one, those of its first SELECT.

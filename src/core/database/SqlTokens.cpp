@@ -1,5 +1,7 @@
 #include "core/database/SqlTokens.h"
 
+#include "sqlite2/AsciiText.h"
+
 #include <algorithm>
 #include <array>
 
@@ -8,6 +10,7 @@ namespace Tesk::Database {
 namespace {
 
 using Kind = SqlToken::Kind;
+using Sqlite2::IsDigit;
 
 constexpr std::array LongSymbols{"<=", ">=", "<>", "!=", "==", "||", "<<", ">>"};
 constexpr QByteArrayView ShortSymbols("()+-*/%&|~<>=,.;");
@@ -15,11 +18,6 @@ constexpr QByteArrayView ShortSymbols("()+-*/%&|~<>=,.;");
 bool IsBlank(char c)
 {
     return c == ' ' || (c >= '\t' && c <= '\r' && c != '\v');
-}
-
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
 }
 
 bool IsWordCharacter(char c)

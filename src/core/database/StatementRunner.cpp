@@ -9,7 +9,6 @@
 
 #include <new>
 #include <utility>
-#include <vector>
 
 namespace Tesk::Database {
 

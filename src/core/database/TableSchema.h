@@ -32,7 +32,7 @@ struct TableInfo
 };
 
 /// The tables and views of an open database. Names are UTF-8 and found whatever their ASCII case.
-class TableSchema
+class TableSchema final
 {
 public:
     TableSchema() = default;

@@ -2,7 +2,7 @@
 
 #include "base/Errors.h"
 #include "base/Numbers.h"
-#include "core/CatalogueQueries.h"
+#include "core/queries/ArtNr.h"
 #include "core/queries/Trim.h"
 
 #include <QLoggingCategory>

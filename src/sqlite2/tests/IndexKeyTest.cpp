@@ -97,10 +97,11 @@ void IndexKeyTest::testNumberTexts_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<bool>("isNumber");
-    for (const char *text : {"7", "007", "1.50", "+5", "-3", "9e0", "1E+2", "1e-2", "10.0"})
+    for (const char *text : {"0", "7", "007", "1.50", "+5", "-3", "9e0", "1e1", "1E+2", "1e-2",
+                             "2.5e-3", "10.0", "123456789012345678901234567890"})
         QTest::newRow(text) << QByteArray(text) << true;
-    for (const char *text :
-         {"", " 7 ", "7 ", ".5", "0x10", "7abc", "+", "1e", "1e+", "--1", "1.2.3"})
+    for (const char *text : {"", " 7 ", "7 ", " 7", ".5", "5.", "0x10", "abc", "7abc", "-", "+",
+                             "1e", "1e+", "e5", "--1", "1.2.3", "1,5", "inf", "nan"})
         QTest::newRow(*text ? text : "empty") << QByteArray(text) << false;
 }
 

@@ -5,7 +5,6 @@
 #include "sources/ProgramNeeds.h"
 
 #include <QRegularExpression>
-#include <QSet>
 
 namespace Tesk {
 

@@ -3,7 +3,6 @@
 #include "generator/Random.h"
 #include "generator/Vocabulary.h"
 
-#include <optional>
 #include <string>
 #include <unordered_set>
 

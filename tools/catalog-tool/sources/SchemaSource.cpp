@@ -16,7 +16,7 @@ namespace Tesk {
 namespace {
 
 /// Cuts a text of SQL into statements, comments left out; mind that quoted names may hold ';'.
-class StatementSplitter
+class StatementSplitter final
 {
 public:
     QList<SchemaStatement> Split(const QStringList &lines)

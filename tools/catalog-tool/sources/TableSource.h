@@ -50,7 +50,6 @@ public:
 
     const QString &File() const { return file; }
     const QStringList &Columns() const { return columns; }
-    bool HasColumn(QLatin1String name) const { return columnIndex.contains(name); }
     std::vector<TableRow> Rows() const;
 
 private:

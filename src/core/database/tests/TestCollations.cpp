@@ -18,25 +18,6 @@ class TestCollations : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void testIsNumber_data()
-    {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<bool>("isNumber");
-        for (const char *number : {"0", "7", "007", "-3", "+5", "1.50", "10.0", "9e0", "1e1",
-                                   "1E+10", "2.5e-3", "123456789012345678901234567890"})
-            QTest::newRow(number) << QByteArray(number) << true;
-        for (const char *other : {"", " 7 ", "7 ", " 7", ".5", "5.", "0x10", "abc", "7abc", "-",
-                                  "+", "1e", "1e+", "e5", "--1", "1.2.3", "1,5", "inf", "nan"})
-            QTest::newRow(qPrintable(QStringLiteral("'%1'").arg(QLatin1String(other))))
-                << QByteArray(other) << false;
-    }
-
-    void testIsNumber()
-    {
-        QFETCH(QByteArray, text);
-        QTEST(IsNumber(text.toStdString()), "isNumber");
-    }
-
     void testNumericOrder_data()
     {
         QTest::addColumn<QByteArray>("left");

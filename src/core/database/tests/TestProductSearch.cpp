@@ -1,4 +1,5 @@
 #include "core/CatalogueQueries.h"
+#include "core/queries/ArtNr.h"
 #include "core/queries/ProductSearch.h"
 
 #include <QRegularExpression>

@@ -5,7 +5,7 @@
 namespace Tesk {
 
 /// A text broken into lines of a width: between words, and within a word that is wider.
-class WrappedText
+class WrappedText final
 {
 public:
     WrappedText(const QString &text, const QFont &font, int width);

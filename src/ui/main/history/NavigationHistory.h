@@ -9,7 +9,7 @@ namespace Tesk {
 /// The pages that the window showed, for the way back: a ring of fixed size, in which the newest
 /// entries overwrite the oldest. An entry is a page's address, or the name of a view that is no
 /// page. An empty text marks a place without an entry.
-class NavigationHistory
+class NavigationHistory final
 {
 public:
     static constexpr qint16 Size = 51;
