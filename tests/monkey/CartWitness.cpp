@@ -123,7 +123,7 @@ void CartWitness::RowsConfirmed(const frmShoppingCartAdd &dialog)
             continue;
         }
         parts.findings.Note(QStringLiteral("add %1 of %2").arg(*amount).arg(number));
-        parts.model.Add(*id, *amount, text("tbCatNr").replace(u'"', u'\u201d'));
+        parts.model.Add(*id, *amount, text("tbCatNr"));
     }
 }
 

@@ -77,9 +77,7 @@ CartRowEntry ShoppingCartAddRow::Entry() const
 {
     const QString amount = TextOf(tbAmount);
     return {TextOf(tbArtNrTesk), TextOf(tbArtNrCompetition).trimmed(),
-            IsAmount(amount) ? ToInt16(*AmountOf(amount)) : qint16{0},
-            // A straight quotation mark would end the value of the field on the cart's page.
-            TextOf(tbCatNr).replace(u'"', u'\u201d')};
+            IsAmount(amount) ? ToInt16(*AmountOf(amount)) : qint16{0}, TextOf(tbCatNr)};
 }
 
 std::array<QLineEdit *, 4> ShoppingCartAddRow::Fields() const

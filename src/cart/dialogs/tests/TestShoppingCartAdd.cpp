@@ -20,7 +20,7 @@ private Q_SLOTS:
     void testRowsAreReadAsFilled();
 
     void testPastedLineEndIsABlank();
-    void testQuotationMarksOfACategoryAreRoundedOff();
+    void testCategoryIsReadAsTyped();
 
 private:
     std::unique_ptr<AddDialog> d;
@@ -45,8 +45,12 @@ void TestShoppingCartAdd::testOpenedAgainItStartsAfresh()
     d->TypeAndLeave(d->Category(4), "OR 2");
     d->TypeAndLeave(d->Reference(3), "SA010");
     d->TypeAndLeave(d->Reference(2), "none");
+    d->TypeAndLeave(d->ArtNr(5), "QQ 1");
+    d->CloseMessage();
     d->TypeAndLeave(d->Amount(1), "0");
     d->CloseMessage();
+    QCOMPARE(AddDialog::ColourOf(d->ArtNr(5)), InError);
+    QCOMPARE(AddDialog::ColourOf(d->Amount(1)), InError);
     QTest::keyClick(d->Amount(1), Qt::Key_Escape);
     QVERIFY(!d->Dialog().isVisible());
 
@@ -124,10 +128,11 @@ void TestShoppingCartAdd::testPastedLineEndIsABlank()
     QCOMPARE(d->Dialog().Rows()[0].catNr, QStringLiteral("OR 2"));
 }
 
-void TestShoppingCartAdd::testQuotationMarksOfACategoryAreRoundedOff()
+void TestShoppingCartAdd::testCategoryIsReadAsTyped()
 {
-    d->Type(d->Category(), "\"new\" OR");
-    QCOMPARE(d->Dialog().Rows()[0].catNr, QStringLiteral("”new” OR"));
+    const QString category = QStringLiteral(" 3\" & <b>'new'</b>: OR\\2 ");
+    d->Type(d->Category(), qPrintable(category));
+    QCOMPARE(d->Dialog().Rows()[0].catNr, category);
 }
 
 QTEST_MAIN(TestShoppingCartAdd)

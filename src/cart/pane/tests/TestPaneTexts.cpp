@@ -1,8 +1,13 @@
 #include "PaneWindow.h"
 #include "browser/WebBrowser.h"
 #include "support/EngineTest.h"
+#include "support/Files.h"
+#include "support/UserActions.h"
 #include "support/WaitUntil.h"
 
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QSignalSpy>
 
 using namespace Tesk;
@@ -21,17 +26,19 @@ class TestPaneTexts : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
     void init() { pane = std::make_unique<PaneWindow>(); }
     void cleanup() { pane.reset(); }
 
     void testAnyCategoryComesBack_data();
     void testAnyCategoryComesBack();
+    void testCategoryGoesAsTypedFromTheDialogToTheOrderForm();
     void testClickOnATitleShowsTheProduct_data();
     void testClickOnATitleShowsTheProduct();
     void testMarkupInTextsRunsNoCommand_data();
     void testMarkupInTextsRunsNoCommand();
     void testOrderFormRunsNoCommandOfATitle();
-    void testMarkupInATitleIsShown();
+    void testMarkupOfATitleTakesEffect();
     void testLineOfAnyArticleNumberIsDeleted_data();
     void testLineOfAnyArticleNumberIsDeleted();
 
@@ -67,6 +74,39 @@ void TestPaneTexts::testAnyCategoryComesBack()
     QCOMPARE(pane->Evaluate(QStringLiteral(
                  "document.querySelector('#contListRow0 td:nth-last-child(2)').textContent")),
              QVariant(category));
+}
+
+// Typed in the add dialog, shown, edited in the page, saved, loaded, and shown on the order form.
+void TestPaneTexts::testCategoryGoesAsTypedFromTheDialogToTheOrderForm()
+{
+    const QString typed = QStringLiteral("3\" 'left' & <b>");
+    const QString edited = QStringLiteral("\"4\" & right");
+    const QString shown = QStringLiteral("document.getElementById('cat_0')?.value");
+    const QString path = pane->PathOf(QStringLiteral("order.csv"));
+    QVERIFY(pane->ShowCart());
+    DialogDriver driver({[&](QDialog &dialog) {
+                             const auto field = [&dialog](const char *name) {
+                                 return dialog.findChild<QLineEdit *>(QLatin1String(name));
+                             };
+                             TypeInto(field("tbArtNrTesk0"), QStringLiteral("AB 10/115"));
+                             TypeInto(field("tbCatNr0"), typed);
+                             PressKey(&dialog, Qt::Key_Return);
+                         },
+                         Choose(path), Choose(path)});
+    QVERIFY(pane->WaitForPageAfter([&] { ClickOn(pane->Button("btnManual")); }, Cart));
+    QCOMPARE(pane->Evaluate(shown), QVariant(typed));
+    QVERIFY(pane->Type(QStringLiteral("#cat_0"), edited));
+    ClickOn(pane->Button("btnSave"));
+    QVERIFY(WaitUntil([&] { return QFile::exists(path); }));
+    QVERIFY(BytesOf(path).contains(";1;\"4\" & right\r\n"));
+    pane->Cart().Clear();
+    QVERIFY(pane->WaitForPageAfter([&] { ClickOn(pane->Button("btnLoad")); }, CartAfterChange));
+    QCOMPARE(pane->Evaluate(shown), QVariant(edited));
+    QVERIFY(pane->WaitForPageAfter([&] { pane->Pane().ExtContactCall(false); },
+                                   QStringLiteral("/content/order_form.html")));
+    QCOMPARE(pane->Evaluate(QStringLiteral(
+                 "document.querySelector('#contListRow0 td:nth-last-child(2)').textContent")),
+             QVariant(edited));
 }
 
 void TestPaneTexts::testClickOnATitleShowsTheProduct_data()
@@ -175,7 +215,7 @@ void TestPaneTexts::testOrderFormRunsNoCommandOfATitle()
     QCOMPARE(pane->Cart().Count(), qint16{1});
 }
 
-void TestPaneTexts::testMarkupInATitleIsShown()
+void TestPaneTexts::testMarkupOfATitleTakesEffect()
 {
     pane->Add(PaneWindow::Scissors, 1);
     pane->Cart().Entries().At(0)->Title =
