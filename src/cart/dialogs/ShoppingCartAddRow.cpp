@@ -5,7 +5,6 @@
 #include "cart/dialogs/AmountText.h"
 #include "cart/dialogs/FieldColour.h"
 #include "core/CatalogueQueries.h"
-#include "core/queries/ArtNr.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -68,7 +67,7 @@ void ShoppingCartAddRow::Clear()
         field->clear();
     tbAmount->setText(QStringLiteral("1"));
     lookedUpReference.clear();
-    SetArtNrError(false);
+    SetArtNrError({});
     SetAmountError(false);
     ShowFieldError(tbArtNrCompetition, false);
 }
@@ -103,8 +102,8 @@ std::optional<ShoppingCartAddRow::Fault> ShoppingCartAddRow::Leave(const QWidget
 
 std::optional<ShoppingCartAddRow::Fault> ShoppingCartAddRow::StandingFault()
 {
-    if (hasArtNrError)
-        return Fault{getText(QStringLiteral("ucShoppingCartManualArtNrTeskError")), tbArtNrTesk};
+    if (artNrError)
+        return ArtNrFault();
     if (HasArtNr() && TextOf(tbAmount).trimmed().isEmpty())
         SetAmountError(true);
     if (hasAmountError)
@@ -124,30 +123,31 @@ void ShoppingCartAddRow::LookUpReference()
         return;
     }
     tbArtNrTesk->setText(queries.FindArtNrsByRefNo(reference));
-    SetArtNrError(false);
+    SetArtNrError({});
     // The only sign that the competitor's number is unknown: nothing is said and nothing barred.
     ShowFieldError(tbArtNrCompetition, !HasArtNr());
 }
 
+std::optional<ShoppingCartAddRow::Fault> ShoppingCartAddRow::ArtNrFault() const
+{
+    return artNrError ? std::optional(Fault{*artNrError, tbArtNrTesk}) : std::nullopt;
+}
+
 std::optional<ShoppingCartAddRow::Fault> ShoppingCartAddRow::CheckArtNr()
 {
-    SetArtNrError(false);
+    SetArtNrError({});
     const QString artNr = NormaliseArtNr(TextOf(tbArtNrTesk));
     if (artNr != tbArtNrTesk->text())
         tbArtNrTesk->setText(artNr);
     if (artNr.isEmpty())
         return std::nullopt;
-    // It stays an error when the look-up fails altogether.
-    SetArtNrError(true);
     try {
         if (queries.FindProductIdsByArtNr(artNr) == NotFound)
-            return Fault{getText(QStringLiteral("ucShoppingCartManualArtNrTeskError")),
-                         tbArtNrTesk};
+            SetArtNrError(getText(QStringLiteral("ucShoppingCartManualArtNrTeskError")));
     } catch (const CatalogueError &error) {
-        return Fault{error.Message(), tbArtNrTesk};
+        SetArtNrError(error.MessageIn(getText));
     }
-    SetArtNrError(false);
-    return std::nullopt;
+    return ArtNrFault();
 }
 
 std::optional<ShoppingCartAddRow::Fault> ShoppingCartAddRow::CheckAmount()
@@ -163,10 +163,10 @@ void ShoppingCartAddRow::ClearMendedAmount()
         SetAmountError(false);
 }
 
-void ShoppingCartAddRow::SetArtNrError(bool isError)
+void ShoppingCartAddRow::SetArtNrError(const std::optional<QString> &message)
 {
-    hasArtNrError = isError;
-    ShowFieldError(tbArtNrTesk, isError);
+    artNrError = message;
+    ShowFieldError(tbArtNrTesk, message.has_value());
 }
 
 void ShoppingCartAddRow::SetAmountError(bool isError)

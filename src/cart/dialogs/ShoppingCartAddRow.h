@@ -53,10 +53,11 @@ public:
 
 private:
     void LookUpReference();
+    std::optional<Fault> ArtNrFault() const;
     std::optional<Fault> CheckArtNr();
     std::optional<Fault> CheckAmount();
     void ClearMendedAmount();
-    void SetArtNrError(bool isError);
+    void SetArtNrError(const std::optional<QString> &message);
     void SetAmountError(bool isError);
     Fault AmountFault();
 
@@ -68,7 +69,8 @@ private:
     QLineEdit *tbAmount;
     QLineEdit *tbCatNr;
     QString lookedUpReference;
-    bool hasArtNrError = false;
+    /// What is wrong with the article number; nothing for one in order.
+    std::optional<QString> artNrError;
     bool hasAmountError = false;
 };
 

@@ -164,11 +164,16 @@ frmShoppingCartAdd::Entries frmShoppingCartAdd::Rows() const
 
 void frmShoppingCartAdd::FocusChanged(const QWidget *old, const QWidget *now)
 {
+    if (fieldToSelect && now) {
+        QLineEdit *const field = std::exchange(fieldToSelect, nullptr);
+        if (field == now)
+            field->selectAll();
+    }
     // The focus that goes to another window comes back: the field is not left.
     if (isReporting || !now || !isAncestorOf(now))
         return;
     if (const auto fault = LeaveField(old))
-        Report(*fault);
+        Report(fault->message);
 }
 
 std::optional<frmShoppingCartAdd::Fault> frmShoppingCartAdd::LeaveField(const QWidget *field)
@@ -192,32 +197,41 @@ std::optional<frmShoppingCartAdd::Fault> frmShoppingCartAdd::StandingFault()
     return std::nullopt;
 }
 
-void frmShoppingCartAdd::Report(const Fault &fault)
+void frmShoppingCartAdd::Report(const QString &message, QLineEdit *next)
 {
     isReporting = true;
     auto *const box =
-        new QMessageBox(QMessageBox::NoIcon, windowTitle(), fault.message, QMessageBox::Ok, this);
+        new QMessageBox(QMessageBox::NoIcon, windowTitle(), message, QMessageBox::Ok, this);
     box->setTextFormat(Qt::PlainText);
     box->setAttribute(Qt::WA_DeleteOnClose);
-    connect(box, &QDialog::finished, this, [this, field = fault.field] {
-        field->setFocus();
-        field->selectAll();
+    connect(box, &QDialog::finished, this, [this, next] {
+        if (next)
+            FocusOn(next);
         isReporting = false;
     });
     // Not exec: no event loop of its own inside the change of the focus.
     box->open();
 }
 
+void frmShoppingCartAdd::FocusOn(QLineEdit *field)
+{
+    field->setFocus();
+    // In a window that is not active yet the selection would not last.
+    if (field->hasFocus())
+        field->selectAll();
+    else
+        fieldToSelect = field;
+}
+
 void frmShoppingCartAdd::Confirm()
 {
     if (isReporting)
         return;
-    // Neither the click nor Enter has left the field that the user typed in last.
-    std::optional<Fault> fault = LeaveField(focusWidget());
-    if (!fault)
-        fault = StandingFault();
-    if (fault) {
-        Report(*fault);
+    // Neither the click nor Enter has left the field that the user typed in last. Its fault waits
+    // for its row's turn.
+    LeaveField(focusWidget());
+    if (const auto fault = StandingFault()) {
+        Report(fault->message, fault->field);
         return;
     }
     action = DialogAction::Confirmed;

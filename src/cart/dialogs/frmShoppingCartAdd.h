@@ -11,13 +11,15 @@
 
 class QGridLayout;
 class QLabel;
+class QLineEdit;
 class QPushButton;
 
 namespace Tesk {
 
 /// Asks for up to ten articles at once, each by its own number or by a competitor's, with an amount
-/// and a category. A number is looked up when its field is left. Each opening starts with empty
-/// rows and the current language's texts.
+/// and a category. A number is looked up when its field is left; one that is unknown keeps its
+/// field red and bars OK while the other rows are filled. Each opening starts with empty rows and
+/// the current language's texts.
 class frmShoppingCartAdd final : public QDialog
 {
     Q_OBJECT
@@ -50,7 +52,9 @@ private:
     void FocusChanged(const QWidget *old, const QWidget *now);
     std::optional<Fault> LeaveField(const QWidget *field);
     std::optional<Fault> StandingFault();
-    void Report(const Fault &fault);
+    /// The focus goes on to `next`; without one it stays where the user has taken it.
+    void Report(const QString &message, QLineEdit *next = nullptr);
+    void FocusOn(QLineEdit *field);
     void Confirm();
 
     const CatalogueQueries &queries;
@@ -62,6 +66,8 @@ private:
     QPushButton *btnCancel;
     qint32 action = DialogAction::Cancelled;
     bool isReporting = false;
+    /// Its text is selected as soon as the focus is there.
+    QLineEdit *fieldToSelect = nullptr;
 };
 
 } // namespace Tesk

@@ -29,7 +29,11 @@ private Q_SLOTS:
 
     void testTabOnAWrongNumberGivesOneMessage();
     void testClickElsewhereOnAWrongNumberGivesOneMessage();
-    void testFocusReturnsToTheFaultyField();
+    void testFocusStaysWhereItWentAfterAMessage_data();
+    void testFocusStaysWhereItWentAfterAMessage();
+    void testOtherRowsCanBeFilledBesideAFaultyOne();
+    void testOKGoesToTheFieldAtFault();
+    void testOKReportsTheFirstRowAtFault();
     void testTwoFaultyFieldsThatLoseTheFocusGiveOneMessage();
     void testTabToAButtonLeavesTheField();
     void testRowsStayAfterAMessage();
@@ -189,12 +193,63 @@ void TestShoppingCartAddKeys::testClickElsewhereOnAWrongNumberGivesOneMessage()
     d->CloseMessage();
     QCoreApplication::processEvents();
     QCOMPARE(d->MessageCount(), 1);
-    QVERIFY(d->ArtNr(0)->hasFocus());
+    QVERIFY(d->ArtNr(5)->hasFocus());
 }
 
-void TestShoppingCartAddKeys::testFocusReturnsToTheFaultyField()
+void TestShoppingCartAddKeys::testFocusStaysWhereItWentAfterAMessage_data()
+{
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("article number") << QByteArray("tbArtNrTesk") << QByteArray("QQ 1");
+    QTest::newRow("amount") << QByteArray("tbAmount") << QByteArray("0");
+}
+
+// By Tab to Cancel, which a fault must not bar.
+void TestShoppingCartAddKeys::testFocusStaysWhereItWentAfterAMessage()
+{
+    QFETCH(const QByteArray, field);
+    QFETCH(const QByteArray, text);
+    QLineEdit *const faulty = d->Field(field.constData(), 9);
+    d->TypeAndLeave(faulty, text.constData());
+    QCOMPARE(d->MessageCount(), 1);
+    d->CloseMessage();
+    while (!d->CancelButton()->hasFocus()) {
+        QVERIFY(QApplication::focusWidget() != faulty);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(AddDialog::ColourOf(faulty), InError);
+    QTest::keyClick(d->CancelButton(), Qt::Key_Space);
+    QVERIFY(!d->Dialog().isVisible());
+    QCOMPARE(d->Dialog().Action(), 2);
+    QCOMPARE(d->MessageCount(), 1);
+}
+
+void TestShoppingCartAddKeys::testOtherRowsCanBeFilledBesideAFaultyOne()
+{
+    d->TypeAndLeave(d->ArtNr(1), "QQ 1");
+    d->CloseMessage();
+    d->TypeAndLeave(d->ArtNr(4), "AB 10/115");
+    d->TypeAndLeave(d->Amount(4), "12");
+    QCOMPARE(AddDialog::ColourOf(d->ArtNr(1)), InError);
+    QCOMPARE(d->MessageCount(), 1);
+    // What stands in the way still is told, and can be mended at last.
+    d->Click(d->OK());
+    QCOMPARE(d->MessageText(), ArtNrMessage);
+    d->CloseMessage();
+    QVERIFY(d->ArtNr(1)->hasFocus());
+    QTest::keyClicks(d->ArtNr(1), QStringLiteral("AB 10/116"));
+    d->Click(d->OK());
+    QCOMPARE(d->Dialog().Action(), 1);
+    QCOMPARE(d->Dialog().Rows()[1].artNrTesk, QStringLiteral("AB 10/116"));
+    QCOMPARE(d->Dialog().Rows()[4].amount, qint16{12});
+}
+
+void TestShoppingCartAddKeys::testOKGoesToTheFieldAtFault()
 {
     d->TypeAndLeave(d->ArtNr(6), "QQ 1");
+    d->CloseMessage();
+    d->Click(d->OK());
+    QCOMPARE(d->MessageText(), ArtNrMessage);
     d->CloseMessage();
     QVERIFY(d->ArtNr(6)->hasFocus());
     QCOMPARE(d->ArtNr(6)->selectedText(), QStringLiteral("QQ 1"));
@@ -202,10 +257,33 @@ void TestShoppingCartAddKeys::testFocusReturnsToTheFaultyField()
     QTest::keyClicks(d->ArtNr(6), QStringLiteral("AB 10/116"));
     QTest::keyClick(d->ArtNr(6), Qt::Key_Tab);
     QCOMPARE(AddDialog::ColourOf(d->ArtNr(6)), InOrder);
-    QCOMPARE(d->MessageCount(), 1);
+    QCOMPARE(d->MessageCount(), 2);
 }
 
-// The message takes the focus from the field that has just got it, and gives it back.
+// The field that OK finds the focus in may be at fault as well, further down.
+void TestShoppingCartAddKeys::testOKReportsTheFirstRowAtFault()
+{
+    d->TypeAndLeave(d->Amount(3), "0");
+    d->CloseMessage();
+    d->TypeAndLeave(d->ArtNr(1), "QQ 1");
+    d->CloseMessage();
+    d->Type(d->Amount(7), "1000");
+    d->Click(d->OK());
+    QCOMPARE(d->MessageText(), ArtNrMessage);
+    QCOMPARE(d->MessageCount(), 3);
+    QCOMPARE(AddDialog::ColourOf(d->Amount(7)), InError);
+    d->CloseMessage();
+    QVERIFY(d->ArtNr(1)->hasFocus());
+    d->TypeAndLeave(d->ArtNr(1), "AB 10/115");
+    d->Click(d->OK());
+    QCOMPARE(d->MessageText(), AmountMessage);
+    d->CloseMessage();
+    QVERIFY(d->Amount(3)->hasFocus());
+    QCOMPARE(d->MessageCount(), 4);
+}
+
+// The message takes the focus from the field that has just got it, which is no leaving, and gives
+// it back. The second field is told of when the user leaves it.
 void TestShoppingCartAddKeys::testTwoFaultyFieldsThatLoseTheFocusGiveOneMessage()
 {
     QStringList left;
@@ -225,7 +303,10 @@ void TestShoppingCartAddKeys::testTwoFaultyFieldsThatLoseTheFocusGiveOneMessage(
     QCoreApplication::processEvents();
     disconnect(note);
     QCOMPARE(d->MessageCount(), 1);
-    QVERIFY(d->ArtNr()->hasFocus());
+    QVERIFY(d->Amount()->hasFocus());
+    QTest::keyClick(d->Amount(), Qt::Key_Tab);
+    QCOMPARE(d->MessageText(), AmountMessage);
+    QCOMPARE(d->MessageCount(), 2);
 }
 
 void TestShoppingCartAddKeys::testTabToAButtonLeavesTheField()
@@ -234,7 +315,7 @@ void TestShoppingCartAddKeys::testTabToAButtonLeavesTheField()
     QTest::keyClick(d->ArtNr(0), Qt::Key_Backtab, Qt::ShiftModifier);
     QCOMPARE(d->MessageText(), ArtNrMessage);
     d->CloseMessage();
-    QVERIFY(d->ArtNr(0)->hasFocus());
+    QVERIFY(d->OK()->hasFocus());
 }
 
 void TestShoppingCartAddKeys::testRowsStayAfterAMessage()
