@@ -24,7 +24,8 @@ qint16 ToInt16(double value)
     if (!isInRange)
         throw ConversionError(
             QStringLiteral("The number %1 is out of range. Use whole numbers from -32768 to 32767.")
-                .arg(value));
+                .arg(value),
+            {QStringLiteral("errorNumberRange"), {QString::number(value)}});
     return static_cast<qint16>(rounded);
 }
 
@@ -47,7 +48,8 @@ double ToDouble(QStringView text, const QLocale &locale)
     if (!isNumber || !std::isfinite(value))
         throw ConversionError(
             QStringLiteral("\"%1\" is not a number. Use digits and \"%2\" as the decimal mark.")
-                .arg(text, strict.decimalPoint()));
+                .arg(text, strict.decimalPoint()),
+            {QStringLiteral("errorNoNumber"), {text.toString(), strict.decimalPoint()}});
     return value;
 }
 

@@ -1,5 +1,6 @@
 #include "base/Errors.h"
 #include "base/Numbers.h"
+#include "base/tests/TranslatedErrors.h"
 
 #include <QLocale>
 #include <QTest>
@@ -167,6 +168,14 @@ private Q_SLOTS:
         } catch (const ConversionError &error) {
             QVERIFY(error.Message().contains(QStringLiteral("abc")));
         }
+    }
+
+    void testMessagesCanBeTranslated()
+    {
+        QCOMPARE(KeyAndValuesOfError([] { ToDouble(u"abc"); }),
+                 QStringLiteral("errorNoNumber|abc|.|{2}"));
+        QCOMPARE(KeyAndValuesOfError([] { ToInt16(u"40000"); }),
+                 QStringLiteral("errorNumberRange|40000|{1}|{2}"));
     }
 };
 

@@ -4,8 +4,6 @@
 #include "base/Numbers.h"
 #include "cart/model/clsShoppingCart.h"
 
-#include <QStringList>
-
 #include <algorithm>
 #include <utility>
 
@@ -52,7 +50,8 @@ void CartRecords::TakeLine(const QString &line)
             QStringLiteral("%1 is one line too many for a set: it can hold %2 articles. %3")
                 .arg(Place())
                 .arg(MostItems)
-                .arg(Advice));
+                .arg(Advice),
+            {QStringLiteral("errorCartMembers"), PlaceAndLimit()});
 }
 
 void CartRecords::EndRecord()
@@ -64,7 +63,8 @@ void CartRecords::EndRecord()
             QStringLiteral("%1 ends one article too many: a shopping cart can hold %2. %3")
                 .arg(Place())
                 .arg(MostItems)
-                .arg(Advice));
+                .arg(Advice),
+            {QStringLiteral("errorCartItems"), PlaceAndLimit()});
     head->SetItems = std::exchange(members, ShoppingCartItemList());
     cart.AddItem(std::exchange(head, nullptr));
 }
@@ -94,6 +94,11 @@ ShoppingCartItemList::Item CartRecords::ItemOf(const QString &line) const
              {QString::number(lineNumber), fileName, Quote(fields[3])}});
     }
     return item;
+}
+
+QStringList CartRecords::PlaceAndLimit() const
+{
+    return {QString::number(lineNumber), fileName, QString::number(MostItems)};
 }
 
 QString CartRecords::Place() const

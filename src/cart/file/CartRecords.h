@@ -3,6 +3,7 @@
 #include "cart/model/ShoppingCartItemList.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace Tesk {
 
@@ -27,6 +28,7 @@ private:
     ShoppingCartItemList::Item ItemOf(const QString &line) const;
     void EndRecord();
     QString Place() const;
+    QStringList PlaceAndLimit() const;
 
     QString fileName;
     clsShoppingCart &cart;

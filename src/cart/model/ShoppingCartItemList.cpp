@@ -28,7 +28,8 @@ void ShoppingCartItemList::Remove(int index)
     }
     if (items.size() <= 1)
         throw SubscriptError(
-            QStringLiteral("The last member of a set cannot be removed. Delete the set instead."));
+            QStringLiteral("The last member of a set cannot be removed. Remove the set instead."),
+            {QStringLiteral("errorCartLastMember"), {}});
     const int removed = std::clamp(index, LowerBound(), UpperBound());
     items.erase(items.begin() + (removed - lowerBound));
 }

@@ -22,7 +22,8 @@ void clsShoppingCart::AddItem(ShoppingCartItemList::Item item)
         throw OverflowError(
             QStringLiteral("The shopping cart holds %1 articles, and no more fit into it. Save it, "
                            "then go on with an empty one.")
-                .arg(MostItems));
+                .arg(MostItems),
+            {QStringLiteral("errorCartFull"), {QString::number(MostItems)}});
     entries.Append(std::move(item));
 }
 

@@ -52,6 +52,8 @@ private Q_SLOTS:
 private:
     template <typename Error>
     QString ErrorOf(const QByteArray &bytes);
+    QString TranslatedErrorOf(const QByteArray &bytes);
+    QString Translated(const char *key, const char *line, const char *lastValue) const;
 
     std::unique_ptr<QTemporaryDir> folder;
     QString path;
@@ -76,6 +78,22 @@ QString TestCartFileErrors::ErrorOf(const QByteArray &bytes)
         return error.Message();
     }
     return QString();
+}
+
+/// Key and values of the error that loading the bytes ends in.
+QString TestCartFileErrors::TranslatedErrorOf(const QByteArray &bytes)
+{
+    return KeyAndValuesOfError([&] {
+        WriteBytes(path, bytes);
+        ShoppingCartFile::Load(path, cart);
+    });
+}
+
+QString TestCartFileErrors::Translated(const char *key, const char *line,
+                                       const char *lastValue) const
+{
+    return QStringList({Text(key), Text(line), QDir::toNativeSeparators(path), Text(lastValue)})
+        .join(u'|');
 }
 
 void TestCartFileErrors::testTooFewFieldsStopTheLoad_data()
@@ -154,17 +172,10 @@ void TestCartFileErrors::testMessageOfALongLineIsShort()
 void TestCartFileErrors::testTranslatedMessagesNameTheSame()
 {
     const QString fileName = QDir::toNativeSeparators(path);
-    const auto load = [this](const QByteArray &bytes) {
-        return KeyAndValuesOfError([&] {
-            WriteBytes(path, bytes);
-            ShoppingCartFile::Load(path, cart);
-        });
-    };
-    QCOMPARE(load(GoodRecord + "5;A-1;Clamp;2"),
-             QStringList({Text("errorCartFields"), Text("3"), fileName, Text("5;A-1;Clamp;2")})
-                 .join(u'|'));
-    QCOMPARE(load(GoodRecord + "5;A-1;Clamp;many;\r\n"),
-             QStringList({Text("errorCartAmount"), Text("3"), fileName, Text("many")}).join(u'|'));
+    QCOMPARE(TranslatedErrorOf(GoodRecord + "5;A-1;Clamp;2"),
+             Translated("errorCartFields", "3", "5;A-1;Clamp;2"));
+    QCOMPARE(TranslatedErrorOf(GoodRecord + "5;A-1;Clamp;many;\r\n"),
+             Translated("errorCartAmount", "3", "many"));
     QVERIFY(QFile::remove(path));
     QVERIFY(KeyAndValuesOfError([this] {
                 ShoppingCartFile::Load(path, cart);
@@ -216,6 +227,7 @@ void TestCartFileErrors::testItemBeyondTheCartsLimit()
     bytes += GoodRecord;
     QVERIFY(ErrorOf<OverflowError>(bytes).startsWith(Text("Line 65536 ")));
     QCOMPARE(cart.Count(), qint16{32767});
+    QCOMPARE(TranslatedErrorOf(bytes), Translated("errorCartItems", "65536", "32767"));
 }
 
 void TestCartFileErrors::testMemberBeyondASetsLimit()
@@ -226,6 +238,8 @@ void TestCartFileErrors::testMemberBeyondASetsLimit()
     QVERIFY(ErrorOf<OverflowError>(GoodRecord + line + line.repeated(32768) + "\r\n")
                 .startsWith(Text("Line 32771 ")));
     QCOMPARE(LinesOf(cart), QStringList(GoodLine));
+    QCOMPARE(TranslatedErrorOf(GoodRecord + line + line.repeated(32768)),
+             Translated("errorCartMembers", "32771", "32767"));
 }
 
 void TestCartFileErrors::testRandomBytesLoadOrAreReported()

@@ -1,4 +1,5 @@
 #include "base/Errors.h"
+#include "base/tests/TranslatedErrors.h"
 #include "cart/model/clsShoppingCart.h"
 
 #include <QTest>
@@ -188,6 +189,9 @@ private Q_SLOTS:
         const QString one = QStringLiteral("1");
         QVERIFY_THROWS_EXCEPTION(OverflowError, cart.AddItem(Item(QStringLiteral("c"))));
         QVERIFY_THROWS_EXCEPTION(OverflowError, cart.Add(one, one, one, one));
+        QVERIFY(KeyAndValuesOfError([&] {
+                    cart.AddItem(Item(one));
+                }).startsWith(QStringLiteral("errorCartFull|32767|")));
         QCOMPARE(cart.Count(), qint16(32767));
         QCOMPARE(cart.Entries().At(32766)->Id, QStringLiteral("b"));
         cart.DeleteItem(0, -1);

@@ -1,4 +1,5 @@
 #include "base/Errors.h"
+#include "base/tests/TranslatedErrors.h"
 #include "cart/model/ShoppingCartItemList.h"
 #include "cart/model/clsShoppingCartItem.h"
 
@@ -101,6 +102,9 @@ private Q_SLOTS:
         ShoppingCartItemList list = ListOf(1, 1);
         QVERIFY_THROWS_EXCEPTION(SubscriptError, list.Remove(1));
         QCOMPARE(Ids(list), QStringLiteral("a"));
+        QVERIFY(KeyAndValuesOfError([&] {
+                    list.Remove(1);
+                }).startsWith(QStringLiteral("errorCartLastMember|")));
     }
 
     void testCopyHoldsTheSameItemsInAListOfItsOwn()
