@@ -9,7 +9,7 @@ struct CartRowEntry
 {
     QString artNrTesk;        ///< empty for none
     QString artNrCompetition; ///< a competitor's number; empty for none
-    qint16 amount = 0;        ///< 1 to 999, 0 for none
+    qint16 amount = 0;        ///< SmallestAmount to LargestAmount, 0 for none
     QString catNr;            ///< the customer's own category or reference
 };
 

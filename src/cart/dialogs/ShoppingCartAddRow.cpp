@@ -16,8 +16,6 @@ namespace Tesk {
 
 namespace {
 
-constexpr double LeastAmount = 1;
-constexpr double LargestAmount = 999;
 constexpr QLatin1String NotFound("-1");
 
 QLineEdit *AddField(const char *name, int index, QWidget *dialog)
@@ -41,7 +39,7 @@ QString TextOf(const QLineEdit *field)
 bool IsAmount(const QString &text)
 {
     const std::optional<double> value = AmountOf(text);
-    return value && *value >= LeastAmount && *value <= LargestAmount;
+    return value && *value >= SmallestAmount && *value <= LargestAmount;
 }
 
 } // namespace

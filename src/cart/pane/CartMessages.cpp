@@ -60,7 +60,7 @@ clsShoppingCartItem &Target(const QStringList &pieces, const clsShoppingCart &ca
 qint16 AmountFrom(const QString &text)
 {
     const qint16 amount = ToInt16(AmountOf(text).value_or(SmallestAmount));
-    return std::clamp<qint16>(amount, SmallestAmount, LargestAmount);
+    return std::clamp(amount, SmallestAmount, LargestAmount);
 }
 
 } // namespace

@@ -10,13 +10,11 @@ class clsShoppingCart;
 /// member of a set both indexes: "2", "2_1". A field's id is its key behind four other characters.
 namespace CartMessages {
 
-inline constexpr int SmallestAmount = 1;
-inline constexpr int LargestAmount = 999;
-
 /// Stores an edit that the text reports, "amountChange:<field id>:<text>" or
 /// "altCategoryChange:<field id>:<text>"; any other text changes nothing. An amount is brought
-/// between its bounds, and one that is no number is 1. A category may hold colons. A report that
-/// names no line, or an amount beyond 16 bits, changes nothing and leaves a line in "tesk.cart".
+/// between its bounds (AmountText.h), and one that is no number is 1. A category may hold colons. A
+/// report that names no line, or an amount beyond 16 bits, changes nothing and leaves a line in
+/// "tesk.cart".
 void StoreEdit(const QString &text, clsShoppingCart &cart);
 
 /// Whether the text asks for a line to be deleted: "delItem:<key>".
