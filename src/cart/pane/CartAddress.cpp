@@ -2,6 +2,8 @@
 
 #include <QUrl>
 
+#include <array>
+
 namespace Tesk::CartAddress {
 
 namespace {
@@ -10,38 +12,46 @@ const QLatin1String CartName("shopping_cart.html");
 const QLatin1String OrderFormName("order_form.html");
 const QLatin1String DetailsName("product_details.html");
 
-const QLatin1String SaveMark("action=doSave");
-const QLatin1String SendRequestMark("action=doSendRequest");
-const QLatin1String SendOrderMark("action=doSendOrder");
+const QLatin1String LoadMark("action=doLoad");
 const QLatin1String PrintMark("action=doPrint");
+
+struct ActionMark
+{
+    CartPageAction action;
+    QLatin1String text;
+};
+
+/// The actions of the cart's page.
+constexpr std::array CartMarks{
+    ActionMark{CartPageAction::Save, QLatin1String("action=doSave")},
+    ActionMark{CartPageAction::SendRequest, QLatin1String("action=doSendRequest")},
+    ActionMark{CartPageAction::SendOrder, QLatin1String("action=doSendOrder")}};
+
+QString Page(QLatin1String name, QLatin1String mark = {})
+{
+    const QString page = QLatin1String("/content/") + name;
+    return mark.isEmpty() ? page : page + u'?' + mark;
+}
 
 } // namespace
 
-QLatin1String Cart(CartPageAction action)
+QString Cart(CartPageAction action)
 {
-    switch (action) {
-    case CartPageAction::Save:
-        return QLatin1String("/content/shopping_cart.html?action=doSave");
-    case CartPageAction::SendRequest:
-        return QLatin1String("/content/shopping_cart.html?action=doSendRequest");
-    case CartPageAction::SendOrder:
-        return QLatin1String("/content/shopping_cart.html?action=doSendOrder");
-    case CartPageAction::None:
-    case CartPageAction::Print:
-        break;
+    for (const ActionMark &mark : CartMarks) {
+        if (mark.action == action)
+            return Page(CartName, mark.text);
     }
-    return QLatin1String("/content/shopping_cart.html");
+    return Page(CartName);
 }
 
-QLatin1String ChangedCart()
+QString ChangedCart()
 {
-    return QLatin1String("/content/shopping_cart.html?action=doLoad");
+    return Page(CartName, LoadMark);
 }
 
-QLatin1String OrderForm(bool isToBePrinted)
+QString OrderForm(bool isToBePrinted)
 {
-    return isToBePrinted ? QLatin1String("/content/order_form.html?action=doPrint")
-                         : QLatin1String("/content/order_form.html");
+    return isToBePrinted ? Page(OrderFormName, PrintMark) : Page(OrderFormName);
 }
 
 bool IsCart(const QString &address)
@@ -60,12 +70,10 @@ CartPageAction ActionOf(const QString &address)
         return CartPageAction::Print;
     if (!IsCart(address))
         return CartPageAction::None;
-    if (address.contains(SaveMark))
-        return CartPageAction::Save;
-    if (address.contains(SendRequestMark))
-        return CartPageAction::SendRequest;
-    if (address.contains(SendOrderMark))
-        return CartPageAction::SendOrder;
+    for (const ActionMark &mark : CartMarks) {
+        if (address.contains(mark.text))
+            return mark.action;
+    }
     return CartPageAction::None;
 }
 

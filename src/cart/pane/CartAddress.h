@@ -14,10 +14,10 @@ enum class CartPageAction { None, Save, SendRequest, SendOrder, Print };
 namespace CartAddress {
 
 /// The cart's page, followed by saving or sending; any other action is none here.
-QLatin1String Cart(CartPageAction action);
+QString Cart(CartPageAction action);
 /// The cart's page after the cart was loaded, emptied or has lost a line.
-QLatin1String ChangedCart();
-QLatin1String OrderForm(bool isToBePrinted);
+QString ChangedCart();
+QString OrderForm(bool isToBePrinted);
 
 bool IsCart(const QString &address);
 bool IsOrderForm(const QString &address);

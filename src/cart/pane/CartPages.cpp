@@ -77,7 +77,7 @@ void CartPages::ShowOrderForm(bool isToBePrinted)
     Navigate(CartAddress::OrderForm(isToBePrinted));
 }
 
-void CartPages::Navigate(QLatin1String page)
+void CartPages::Navigate(const QString &page)
 {
     requestedAddress = sources.controller.GetContentBaseUrl() + page;
     browser.Navigate(requestedAddress);

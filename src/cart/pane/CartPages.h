@@ -71,7 +71,7 @@ private:
     void LoadFailed();
     void StatusTextChange(const QString &text);
     void DeleteLine(const QString &text);
-    void Navigate(QLatin1String page);
+    void Navigate(const QString &page);
     clsShoppingCart &Cart() const;
 
     Sources sources;
