@@ -8,7 +8,8 @@
     const smallestAmount = 1;
     const largestAmount = 999;
     const wholeNumber = /^\d+$/;
-    const anyNumber = /^[+-]?\d+([.,]\d+)?$/;
+    const anyNumber = /^[+-]?(\d+\.?\d*|\.\d+)(e[+-]?\d+)?$/i;
+    const perhapsThousands = /^[+-]?[1-9]\d{0,2}[.,]\d{3}$/;
 
     const deleteLinks = '#list a[title]';
     const deletedLink = 'cartDeletedLink';
@@ -27,12 +28,20 @@
         return wholeNumber.test(text) && number >= smallestAmount && number <= largestAmount;
     }
 
+    /** The nearest whole number; halves go to the even neighbour, as everywhere in the program. */
+    function rounded(number) {
+        const below = Math.floor(number);
+        const isHalfAboveEven = number - below === 0.5 && below % 2 === 0;
+        return isHalfAboveEven ? below : Math.round(number);
+    }
+
     /** The amount that stands for any text at all: the nearest one allowed, or 1 for no number. */
     function nearestAmount(text) {
-        if (!anyNumber.test(text))
+        const plain = text.replace(',', '.');
+        const number = Number(plain);
+        if (perhapsThousands.test(text) || !anyNumber.test(plain) || !Number.isFinite(number))
             return smallestAmount;
-        const number = Math.round(Number(text.replace(',', '.')));
-        return Math.min(Math.max(number, smallestAmount), largestAmount);
+        return Math.min(Math.max(rounded(number), smallestAmount), largestAmount);
     }
 
     // A row that grew while the button is held would move the thing clicked from under the pointer.
@@ -53,8 +62,6 @@
 
     function showError(field, errorText) {
         field.classList.add('inError');
-        if (!errorText)
-            return;
         whenPointerIsUp(() => {
             if (!field.classList.contains('inError') || document.getElementById(field.id + 'Error'))
                 return;
@@ -74,7 +81,8 @@
         // The page has to show what the program stores, so it tells the program what it shows.
         field.value = String(valid ? Number(text) : nearestAmount(text));
         clearError(field);
-        if (!valid)
+        // The members of sets have no text, and a mark that nothing explains would only be a riddle.
+        if (!valid && errorText)
             showError(field, errorText);
         window.status = `amountChange:${field.id}:${field.value}`;
     }

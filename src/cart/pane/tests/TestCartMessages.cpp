@@ -97,6 +97,8 @@ void TestCartMessages::testAmount_data()
     QTest::newRow("blanks around") << QStringLiteral(" 7 ") << 7;
     QTest::newRow("half to even, down") << QStringLiteral("2.5") << 2;
     QTest::newRow("half to even, up") << QStringLiteral("3,5") << 4;
+    QTest::newRow("exponent") << QStringLiteral("1e2") << 100;
+    QTest::newRow("thousands") << QStringLiteral("12,500") << 1;
     QTest::newRow("a further piece") << QStringLiteral("5:6") << 5;
 }
 

@@ -57,6 +57,8 @@ private Q_SLOTS:
     void testEditGoesBeforeTheCommand();
     void testCorrectedAmountIsSeenBeforeTheCommand_data();
     void testCorrectedAmountIsSeenBeforeTheCommand();
+    void testCommandGoesOnWithTheCorrectedAmountOfAMember_data();
+    void testCommandGoesOnWithTheCorrectedAmountOfAMember();
     void testDoubleClickIsOneCommand_data();
     void testDoubleClickIsOneCommand();
     void testCommandOfThePageIsCarriedOut();
@@ -265,6 +267,34 @@ void TestPaneCommands::testCorrectedAmountIsSeenBeforeTheCommand()
 
     Click(qPrintable(button));
     QVERIFY(WaitUntil([&] { return commands() == 1; }));
+    QVERIFY(pane->WaitForPrints(pane->printCount));
+    QVERIFY(pane->WaitForReports());
+    QVERIFY(pane->ShowCart());
+}
+
+void TestPaneCommands::testCommandGoesOnWithTheCorrectedAmountOfAMember_data()
+{
+    testCorrectedAmountIsSeenBeforeTheCommand_data();
+}
+
+// Nothing is said of it, so there is nothing to be seen first.
+void TestPaneCommands::testCommandGoesOnWithTheCorrectedAmountOfAMember()
+{
+    QFETCH(const QString, button);
+    pane->Add(PaneWindow::BasicSet, 1);
+    QVERIFY(pane->ShowCart());
+    const auto member = [this] { return pane->Cart().Entries().At(1)->SetItems->At(2); };
+    int stored = -1;
+    const auto look = [&] { stored = member()->Amount; };
+    DialogDriver driver({[&](QDialog &dialog) {
+        look();
+        dialog.reject();
+    }});
+    pane->whilePrinting = look;
+    QVERIFY(pane->Type(QStringLiteral("#fld_1_2"), QStringLiteral("1200")));
+    Click(qPrintable(button));
+    QVERIFY(WaitUntil([&] { return stored != -1; }));
+    QCOMPARE(stored, 999);
     QVERIFY(pane->WaitForPrints(pane->printCount));
     QVERIFY(pane->WaitForReports());
     QVERIFY(pane->ShowCart());

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void testAmountIsStoredWithinItsLimits_data();
     void testAmountIsStoredWithinItsLimits();
     void testAmountOfAMemberIsStored();
+    void testCorrectedAmountOfAMemberIsNotMarked();
     void testCategoryKeepsItsColons();
     void testEnterStoresTheEdit();
     void testClickElsewhereStoresTheEdit();
@@ -109,6 +110,17 @@ void TestPaneEdits::testAmountIsStoredWithinItsLimits_data()
     QTest::newRow("abc") << QStringLiteral("abc") << 1 << true;
     QTest::newRow("1200") << QStringLiteral("1200") << 999 << true;
     QTest::newRow("100000") << QStringLiteral("100000") << 999 << true;
+    // As the program rounds: halves to the even neighbour.
+    QTest::newRow("0.5") << QStringLiteral("0.5") << 1 << true;
+    QTest::newRow("2.5") << QStringLiteral("2.5") << 2 << true;
+    QTest::newRow("3,5") << QStringLiteral("3,5") << 4 << true;
+    QTest::newRow("5.6") << QStringLiteral("5.6") << 6 << true;
+    QTest::newRow("999.5") << QStringLiteral("999.5") << 999 << true;
+    QTest::newRow("-2.5") << QStringLiteral("-2.5") << 1 << true;
+    // And reads: decimals, an exponent, but no thousands.
+    QTest::newRow("7.") << QStringLiteral("7.") << 7 << true;
+    QTest::newRow("1e2") << QStringLiteral("1e2") << 100 << true;
+    QTest::newRow("12,500") << QStringLiteral("12,500") << 1 << true;
 }
 
 void TestPaneEdits::testAmountIsStoredWithinItsLimits()
@@ -139,6 +151,21 @@ void TestPaneEdits::testAmountOfAMemberIsStored()
     QVERIFY(WaitUntil(
         [&] { return pane->Cart().Entries().At(0)->SetItems->At(2)->Amount == qint16{12}; }));
     QCOMPARE(pane->Cart().Entries().At(0)->Amount, qint16{1});
+}
+
+// No message would explain the mark.
+void TestPaneEdits::testCorrectedAmountOfAMemberIsNotMarked()
+{
+    pane->Add(PaneWindow::BasicSet, 1);
+    QVERIFY(pane->ShowCart());
+    QVERIFY(pane->Type(QStringLiteral("#fld_0_2"), QStringLiteral("1200")));
+    pane->Press(Qt::Key_Tab);
+    QVERIFY(WaitUntil(
+        [&] { return pane->Cart().Entries().At(0)->SetItems->At(2)->Amount == qint16{999}; }));
+    QCOMPARE(pane->Evaluate(QStringLiteral("document.getElementById('fld_0_2').value")),
+             QVariant(QStringLiteral("999")));
+    QCOMPARE(pane->Evaluate(QStringLiteral("document.querySelectorAll('.inError').length")),
+             QVariant(0));
 }
 
 void TestPaneEdits::testCategoryKeepsItsColons()
@@ -378,8 +405,9 @@ void TestPaneEdits::testLongCartIsShownWhole()
     for (int i = 0; i < lineCount; ++i)
         pane->Add(PaneWindow::Scissors, 1);
     QVERIFY(pane->ShowCart());
-    QCOMPARE(pane->Evaluate(QStringLiteral("document.querySelectorAll('tr.contListRow').length")),
-             QVariant(lineCount));
+    QVERIFY(
+        pane->WaitFor(QStringLiteral("document.querySelectorAll('tr.contListRow').length === %1")
+                          .arg(lineCount)));
     QVERIFY(pane->WaitForPageAfter(
         [&] { pane->Pane().Browser()->RunScript(QStringLiteral("delItem('4999')")); },
         CartAfterChange));
