@@ -83,14 +83,9 @@ void CartPages::Navigate(const QString &page)
     browser.Navigate(requestedAddress);
 }
 
-bool CartPages::IsLoading() const
+bool CartPages::IsUnderWay() const
 {
-    return !requestedAddress.isEmpty();
-}
-
-bool CartPages::IsWriting() const
-{
-    return !IsLoading() && afterWriting->IsWaiting();
+    return !requestedAddress.isEmpty() || afterWriting->IsWaiting();
 }
 
 bool CartPages::IsOrderForm() const
@@ -133,7 +128,11 @@ void CartPages::Write(const QString &address, bool isReload)
         WriteOrderForm();
     failed.dismiss();
     const CartPageAction action = isReload ? CartPageAction::None : CartAddress::ActionOf(address);
-    afterWriting->Run(Nothing, [this, action](const QVariant &) { Q_EMIT Written(action); });
+    afterWriting->Run(Nothing, [this, action](const QVariant &) {
+        if (requestedAddress.isEmpty())
+            isOutdated = false;
+        Q_EMIT Written(action);
+    });
 }
 
 void CartPages::WriteCart()
@@ -166,6 +165,9 @@ void CartPages::LoadFailed()
 {
     requestedAddress.clear();
     isReloading = false;
+    // The old page may stay. Until it has the cart's keys again, what is typed in it would be lost.
+    if (isOutdated)
+        Write(browser.Address(), true);
     Q_EMIT Failed();
 }
 

@@ -64,14 +64,6 @@ ShoppingCart::ShoppingCart(const Parts &parts, const PagePrinter::SetUp &setUp, 
     connect(pages, &CartPages::Written, this, &ShoppingCart::PageWritten);
     connect(pages, &CartPages::Failed, this, &ShoppingCart::PageFailed);
     connect(pages, &CartPages::ProductChosen, this, &ShoppingCart::OnProductSelect);
-    // Queued, as an error would leave the listeners after this one without the signal.
-    connect(
-        printer, &PagePrinter::Finished, this,
-        [](PrintEnd end) {
-            if (end == PrintEnd::EngineFailed)
-                throw PrintError(end);
-        },
-        Qt::QueuedConnection);
 }
 
 ShoppingCart::~ShoppingCart()

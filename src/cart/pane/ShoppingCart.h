@@ -22,8 +22,8 @@ class WebBrowser;
 /// cart itself is the only state; the page is written from it whenever it has loaded. Commands are
 /// addresses of the page with an action, carried out once the page shows the cart; they wait for
 /// what the user is just typing in the page. Errors of saving, loading and adding leave as
-/// CatalogueError through the event loop, after the page shows what the cart holds; so does a print
-/// that the browser engine fails. A printer that fails leaves a line on the terminal only.
+/// CatalogueError through the event loop, after the page shows what the cart holds. A print that
+/// fails leaves a line on the terminal only.
 class ShoppingCart final : public QWidget
 {
     Q_OBJECT
