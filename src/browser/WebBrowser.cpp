@@ -201,7 +201,8 @@ void WebBrowser::OnDocumentLoaded(const QString &id)
 {
     newestDocumentId = id;
     isDocumentKnown = true;
-    if (!isLoading && id != completeDocumentId)
+    // The engine knows of the begin of a load before it reports it.
+    if (!isLoading && !page->isLoading() && id != completeDocumentId)
         Complete(page->url());
 }
 

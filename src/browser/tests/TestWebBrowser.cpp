@@ -3,11 +3,13 @@
 #include "browser/LocalPage.h"
 
 #include <QAbstractButton>
+#include <QDeadlineTimer>
 #include <QDesktopServices>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QThread>
 #include <QTimer>
 
 #include <functional>
@@ -50,6 +52,45 @@ public:
 
 public Q_SLOTS:
     void Open(const QUrl &url) { opened.append(url); }
+};
+
+/// Holds back what the engine reports of a load until the page itself has said that it has loaded:
+/// the reports come by the event loop, what the page says comes at once.
+class LateReports : public QObject
+{
+public:
+    explicit LateReports(LocalPage *page)
+        : page(page)
+    {
+        qApp->installEventFilter(this);
+        connect(page, &LocalPage::DocumentLoaded, this, [this] { hasLoaded = true; });
+    }
+
+    bool HaveBeenHeldBack() const { return isHeldBack && hasLoaded; }
+
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (qstrcmp(object->metaObject()->className(), "QWebEngineMessagePumpScheduler") == 0)
+            engine = object;
+        if (object == page && event->type() == QEvent::MetaCall && !isHeldBack)
+            HoldBack();
+        return false;
+    }
+
+private:
+    void HoldBack()
+    {
+        isHeldBack = true;
+        for (const QDeadlineTimer end(BrowserFixture::waitTime); !hasLoaded && !end.hasExpired();) {
+            QCoreApplication::sendPostedEvents(engine);
+            QThread::yieldCurrentThread();
+        }
+    }
+
+    LocalPage *page;
+    QObject *engine = nullptr;
+    bool isHeldBack = false;
+    bool hasLoaded = false;
 };
 
 } // namespace
@@ -115,6 +156,23 @@ private Q_SLOTS:
         const LogCapture log;
         browser.Apply({{QStringLiteral("p"), ElementChange::Property::InnerHtml, QString()}});
         QTRY_VERIFY(log.Has("tesk.browser", {QStringLiteral("moved on")}));
+    }
+
+    // A busy program hears of the begin of a load after all that the page has said.
+    void testPageCompletesOnceWhenItsLoadIsReportedLate()
+    {
+        QVERIFY(OpenPlainPage());
+        const QString next = fixture.WritePage(QStringLiteral("next.html"), "<p>next</p>");
+        QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
+        const QSignalSpy loading(browser.View()->page(), &QWebEnginePage::loadingChanged);
+        const LateReports late(static_cast<LocalPage *>(browser.View()->page()));
+        browser.Navigate(next);
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(QTest::qWaitFor([&] { return loading.count() == 2; }, BrowserFixture::waitTime));
+        QVERIFY(late.HaveBeenHeldBack());
+        // What came after the page has been heard.
+        QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
+        QCOMPARE(complete.count(), 1);
     }
 
     void testPageAfterAFailureCompletes()
