@@ -5,6 +5,7 @@
 #include "cart/dialogs/AmountText.h"
 #include "cart/dialogs/FieldColour.h"
 #include "core/CatalogueQueries.h"
+#include "core/queries/ArtNr.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -83,9 +83,14 @@ void CartPages::Navigate(const QString &page)
     browser.Navigate(requestedAddress);
 }
 
-bool CartPages::IsUnderWay() const
+bool CartPages::IsLoading() const
 {
-    return !requestedAddress.isEmpty() || afterWriting->IsWaiting();
+    return !requestedAddress.isEmpty();
+}
+
+bool CartPages::IsWriting() const
+{
+    return !IsLoading() && afterWriting->IsWaiting();
 }
 
 bool CartPages::IsOrderForm() const
