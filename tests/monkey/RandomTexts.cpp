@@ -41,7 +41,7 @@ const QStringList SearchPieces{
 
 const std::vector<Amount> &Amounts()
 {
-    // Halves are rounded to the even neighbour in dialogs, upwards on the page.
+    // Halves are rounded to the even neighbour.
     static const std::vector<Amount> amounts{
         {QStringLiteral("1"), 1, 1, 1},
         {QStringLiteral("7"), 7, 7, 7},
@@ -49,7 +49,7 @@ const std::vector<Amount> &Amounts()
         {QStringLiteral("250"), 250, 250, 250},
         {QStringLiteral("999"), 999, 999, 999},
         {QStringLiteral(" 5 "), 5, 5, 5},
-        {QStringLiteral("2,5"), 2, 2, 3},
+        {QStringLiteral("2,5"), 2, 2, 2},
         {QStringLiteral("3,5"), 4, 4, 4},
         {QStringLiteral("0"), {}, {}, 1},
         {QStringLiteral("-3"), {}, {}, 1},
