@@ -1,8 +1,10 @@
+#include "cart/model/clsShoppingCart.h"
 #include "support/CartTab.h"
 #include "support/CatalogueWindow.h"
 #include "support/Dialogs.h"
 #include "support/EngineTest.h"
 #include "support/SampleCatalogue.h"
+#include "support/WaitUntil.h"
 #include "ui/main/MainMenu.h"
 
 #include <QDir>
@@ -13,6 +15,8 @@
 using namespace Tesk;
 
 namespace {
+
+constexpr qint16 DressingSet = 482;
 
 /// The text of the key in the window's language, the values in the places of its marks.
 QString Text(CatalogueWindow &catalogue, const char *key, const QStringList &values)
@@ -70,6 +74,36 @@ private Q_SLOTS:
         QVERIFY(cart.WaitForLines({QStringLiteral("A-1|Clamp|2")}));
     }
 
+    void testLastMemberOfASetStays_data() { AddLanguages(); }
+
+    void testLastMemberOfASetStays()
+    {
+        QFETCH(const QString, language);
+        CatalogueWindow catalogue(SampleCatalogue, language);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        catalogue.GetController().AddProductToCart(DressingSet, 1, QString());
+        clsShoppingCart &content = catalogue.GetController().GetShoppingCart();
+        const ShoppingCartItemList &members = *content.Entries().At(0)->SetItems;
+        QCOMPARE(members.LowerBound(), 1);
+        while (members.UpperBound() > 1)
+            content.DeleteItem(0, 1);
+        const QString before = content.Serialize();
+        CartTab cart(catalogue);
+        QVERIFY(cart.Open());
+        QVERIFY(WaitUntil([&] { return cart.Lines().size() == 2; }));
+        const QStringList lines = cart.Lines();
+        QString message;
+        QVERIFY(CatalogueWindow::AnswerDialogs(
+            [&] { QVERIFY(cart.Page().Click(QStringLiteral("#contListRow0_1 a"))); },
+            {PressButton(QMessageBox::Ok), PressButton(QMessageBox::Ok, &message)}));
+        QFETCH(const QString, setWord);
+        QVERIFY2(message.contains(setWord), qPrintable(message));
+        QCOMPARE(message, Text(catalogue, "errorCartLastMember", {}));
+        QCOMPARE(content.Serialize(), before);
+        // The page is there again and shows both.
+        QVERIFY(cart.WaitForLines(lines));
+    }
+
     void testCartThatCannotBeSaved()
     {
         const QString file = folder.filePath(QStringLiteral("taken.csv"));
@@ -118,15 +152,17 @@ private:
         QTest::addColumn<QString>("language");
         QTest::addColumn<QString>("word");
         QTest::addColumn<QString>("cartWord");
-        const auto add = [](const char *language, const char *word, const char *cartWord) {
+        QTest::addColumn<QString>("setWord");
+        const auto add = [](const char *language, const char *word, const char *cartWord,
+                            const char *setWord) {
             QTest::newRow(language) << QString::fromLatin1(language) << QString::fromUtf8(word)
-                                    << QString::fromUtf8(cartWord);
+                                    << QString::fromUtf8(cartWord) << QString::fromUtf8(setWord);
         };
-        add("German", "Preisliste", "Warenkorb");
-        add("English", "price list", "shopping cart");
-        add("French", "liste de prix", "panier");
-        add("Spanish", "lista de precios", "carrito");
-        add("Italian", "listino prezzi", "carrello");
+        add("German", "Preisliste", "Warenkorb", "eines Sets");
+        add("English", "price list", "shopping cart", "of a set");
+        add("French", "liste de prix", "panier", "d’un set");
+        add("Spanish", "lista de precios", "carrito", "de un set");
+        add("Italian", "listino prezzi", "carrello", "di un set");
     }
 
     QString File(const char *name, const QByteArray &bytes) const

@@ -52,7 +52,7 @@ private Q_SLOTS:
     void testRequestIsSentAndTheOrderFormShown();
     void testOrderIsPrinted();
     void testCancelledFormLeavesTheCartShown();
-    void testDeleteAsksFirst();
+    void testDeleteAsksFirstAndLeavesWhatAnEmptyCartAllows();
     void testEditGoesBeforeTheCommand_data();
     void testEditGoesBeforeTheCommand();
     void testCorrectedAmountIsSeenBeforeTheCommand_data();
@@ -179,7 +179,7 @@ void TestPaneCommands::testCancelledFormLeavesTheCartShown()
     QVERIFY(pane->mails.isEmpty());
 }
 
-void TestPaneCommands::testDeleteAsksFirst()
+void TestPaneCommands::testDeleteAsksFirstAndLeavesWhatAnEmptyCartAllows()
 {
     {
         QString title;
@@ -198,11 +198,17 @@ void TestPaneCommands::testDeleteAsksFirst()
         QCOMPARE(question, QStringLiteral("Do you really want to empty the whole shopping cart?"));
         QCOMPARE(pane->Cart().Count(), qint16{1});
     }
+    for (const char *const button : {"btnSave", "btnLoad", "btnManual", "btnPrint",
+                                     "btnSendRequest", "btnSendOrder", "btnDelete"})
+        QVERIFY2(pane->IsEnabled(button), button);
     DialogDriver driver({Answer(QMessageBox::Yes)});
     QVERIFY(pane->WaitForPageAfter([&] { Click("btnDelete"); }, CartAfterChange));
     QCOMPARE(pane->Cart().Count(), qint16{0});
-    QVERIFY(!pane->IsEnabled("btnSave"));
-    QVERIFY(!pane->IsEnabled("btnDelete"));
+    for (const char *const button :
+         {"btnSave", "btnPrint", "btnSendRequest", "btnSendOrder", "btnDelete"})
+        QVERIFY2(!pane->IsEnabled(button), button);
+    QVERIFY(pane->IsEnabled("btnLoad"));
+    QVERIFY(pane->IsEnabled("btnManual"));
 }
 
 void TestPaneCommands::testEditGoesBeforeTheCommand_data()

@@ -40,6 +40,7 @@ private Q_SLOTS:
 
     void testFailedSaveLosesNothing();
     void testFailedLoadShowsWhatWasRead();
+    void testFileOfAHundredThousandLinesIsLoadedAsFarAsItFits();
     void testFailedManualAddShowsWhatWasAdded();
     void testFailedSaveOfAPageThatWasLeftEndsThere();
     void testEngineThatFailsInAnEditComesBack();
@@ -125,6 +126,27 @@ void TestPaneFailures::testFailedLoadShowsWhatWasRead()
     DialogDriver next({Cancel});
     Click("btnManual");
     QVERIFY(WaitUntil([&] { return next.IsDone(); }));
+}
+
+// A set takes 32,767 members; the cart keeps what stands before it.
+void TestPaneFailures::testFileOfAHundredThousandLinesIsLoadedAsFarAsItFits()
+{
+    const QString path = pane->PathOf(QStringLiteral("order.csv"));
+    WriteBytes(path, "5;AB 5;Hook;7;left\r\n\r\n" +
+                         QByteArray("1;AB 10/115;Scissors;3;\r\n").repeated(100000) + "\r\n");
+    QString message;
+    DialogDriver driver({Choose(path), [&](QDialog &dialog) {
+                             message = qobject_cast<QMessageBox *>(&dialog)->text();
+                             dialog.accept();
+                         }});
+    QVERIFY(pane->WaitForPageAfter([&] { Click("btnLoad"); }, CartAfterChange));
+    QVERIFY(WaitUntil([&] { return driver.IsDone(); }));
+    QVERIFY2(message.contains(QStringLiteral("Line 32771")) &&
+                 message.contains(QStringLiteral("32767")),
+             qUtf8Printable(message));
+    QCOMPARE(pane->Lines(), QStringList(QStringLiteral("5;AB 5;Hook;7;left")));
+    QVERIFY(pane->WaitFor(QStringLiteral("document.getElementById('fld_0')?.value === '7'")));
+    QVERIFY(IsUsable());
 }
 
 // One of the two sets cannot be added; the other is.
