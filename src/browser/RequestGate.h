@@ -23,6 +23,8 @@ public:
     static bool IsLocal(const QUrl &url);
 
 private:
+    bool MayRead(const QString &path) const;
+
     QString spelledRoot;
     QString canonicalRoot;
 };

@@ -213,6 +213,8 @@ private Q_SLOTS:
         row("file:///opt/tesk2/a.html", false);
         row("file:///opt/tesk/../other/a.html", false);
         row("file:///opt/tesk/..%2Fother/a.html", false);
+        row("file:///opt/tesk/content/a%00.html", false);
+        row("file:///opt/tesk/content/%E4.html", false);
         row("file://host/opt/tesk/content/a.html", false);
         row("file:///etc/passwd", false);
         row("chrome-extension://other/index.html", false);
@@ -229,6 +231,40 @@ private Q_SLOTS:
         QFETCH(bool, allowed);
         for (const char *root : {"/opt/tesk", "/opt/tesk/"})
             QCOMPARE(RequestGate(QLatin1String(root)).Allows(QUrl(url)), allowed);
+    }
+
+    void testLinkLeadsNowhereElseInAnySpelling_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<bool>("allowed");
+        QTest::newRow("inside") << QByteArray("100%25%20in") << true;
+        QTest::newRow("inside, no code") << QByteArray("100%%20in") << true;
+        QTest::newRow("outside") << QByteArray("100%25%20out") << false;
+        QTest::newRow("outside, no code") << QByteArray("100%%20out") << false;
+        QTest::newRow("step from inside") << QByteArray("100%25%20up/../own") << true;
+        QTest::newRow("coded step from outside") << QByteArray("100%25%20up%2F..%2Fout") << false;
+    }
+
+    // "own" lies in the installation's folder, and beside the folder to which "100% up" leads
+    // "out".
+    void testLinkLeadsNowhereElseInAnySpelling()
+    {
+        QFETCH(const QByteArray, name);
+        QFETCH(const bool, allowed);
+        const QTemporaryDir folder;
+        const QDir root(folder.filePath(QStringLiteral("app")));
+        QVERIFY(root.mkpath(QStringLiteral("../other/folder")) && root.mkpath(root.path()));
+        for (const char *file : {"own", "../other/out"}) {
+            QFile written(root.filePath(QLatin1String(file)));
+            QVERIFY(written.open(QIODevice::WriteOnly));
+        }
+        QVERIFY(QFile::link(QStringLiteral("own"), root.filePath(QStringLiteral("100% in"))));
+        QVERIFY(
+            QFile::link(QStringLiteral("../other/out"), root.filePath(QStringLiteral("100% out"))));
+        QVERIFY(QFile::link(QStringLiteral("../other/folder"),
+                            root.filePath(QStringLiteral("100% up"))));
+        const QByteArray address = QUrl::fromLocalFile(root.path()).toEncoded() + '/' + name;
+        QCOMPARE(RequestGate(root.path()).Allows(QUrl::fromEncoded(address)), allowed);
     }
 
     void cleanupTestCase() { QVERIFY(NothingWasHeard()); }
