@@ -1,29 +1,44 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QObject>
+#include <QPointer>
+
+class QWidget;
 
 namespace Tesk {
 
 /// Keeps a page from holding the user with dialog after dialog. A dialog is one of a row when it
-/// comes within a second of the end of the last one, too soon for a click of the user; of a row,
-/// the first five open. Whatever comes after them is refused until the page has been quiet for a
-/// second.
-class DialogLimit final
+/// comes within a second of the end of the last one and the user has pressed no key and no button
+/// of the mouse in the page since; of a row, the first five open. Whatever comes after them is
+/// refused until the page has been quiet for a second.
+class DialogLimit final : public QObject
 {
+    Q_OBJECT
+
 public:
     static constexpr int longestRow = 5;
     static constexpr int quietTime = 1000; // milliseconds
+
+    /// `area` is where the user works on the page. It may end before the limit.
+    explicit DialogLimit(QWidget &area);
 
     /// Whether the next dialog may open. One that may must be followed by Ended().
     bool Allows();
     /// The dialog was closed.
     void Ended();
     /// Whether the last answer of Allows() was the first refusal of its row.
-    bool IsFirstRefusal() const { return inRow == longestRow + 1; }
+    bool IsFirstRefusal() const { return isFirstRefusal; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    QPointer<QWidget> area;
     QElapsedTimer sinceLast;
     int inRow = 0;
+    bool isPressed = false;
+    bool isFirstRefusal = false;
 };
 
 } // namespace Tesk

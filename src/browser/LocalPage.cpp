@@ -52,9 +52,10 @@ QMessageBox::StandardButton Ask(QWebEnginePage *page, QMessageBox::Icon icon,
 
 } // namespace
 
-LocalPage::LocalPage(QWebEngineProfile *profile, QObject *parent)
-    : QWebEnginePage(profile, parent)
+LocalPage::LocalPage(QWebEngineProfile *profile, QWebEngineView &view)
+    : QWebEnginePage(profile, &view)
     , channel(PageChannel::Of(profile))
+    , questions(view)
 {
     connect(this, &QWebEnginePage::newWindowRequested, this, &LocalPage::OpenHere);
     connect(this, &QWebEnginePage::loadingChanged, this, &LocalPage::ReportUnasked);

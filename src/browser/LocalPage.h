@@ -8,6 +8,7 @@
 
 class QWebEngineLoadingInfo;
 class QWebEngineNewWindowRequest;
+class QWebEngineView;
 
 namespace Tesk {
 
@@ -17,7 +18,8 @@ class LocalPage final : public QWebEnginePage
     Q_OBJECT
 
 public:
-    LocalPage(QWebEngineProfile *profile, QObject *parent);
+    /// Belongs to the view that will show it.
+    LocalPage(QWebEngineProfile *profile, QWebEngineView &view);
 
     /// While it is held, it opens no other page and tells what it would have opened.
     void SetHeld(bool isToBeHeld) { isHeld = isToBeHeld; }

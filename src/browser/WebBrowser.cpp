@@ -53,7 +53,7 @@ bool DiffersInFragmentOnly(const QUrl &left, const QUrl &right)
 WebBrowser::WebBrowser(QWebEngineProfile *profile, QWidget *parent)
     : QWidget(parent)
     , view(new QWebEngineView(this))
-    , page(new LocalPage(profile, view))
+    , page(new LocalPage(profile, *view))
 {
     view->setPage(page);
     auto *layout = new QVBoxLayout(this);

@@ -208,6 +208,35 @@ private Q_SLOTS:
         QVERIFY(cart.WaitForLines({OtherScissors}));
     }
 
+    void testLinesAreDeletedByKeysOneAfterTheOther()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        constexpr int lines = 8;
+        for (int line = 0; line < lines; ++line)
+            Put(catalogue);
+        CartTab cart(catalogue);
+        QVERIFY(cart.Open());
+        const QString focusLink = QStringLiteral("#contListRow0 a[href*='delItem']");
+        QVERIFY(cart.Page().WaitFor(
+            QStringLiteral("shopping_cart.html"),
+            QStringLiteral("document.querySelector(\"%1\")?.focus() === undefined &&"
+                           " document.activeElement.matches(\"%1\")")
+                .arg(focusLink)));
+        for (int left = lines - 1; left >= 0; --left) {
+            QVERIFY(CatalogueWindow::AnswerDialogs(
+                [&] { cart.Page().PressKey(Qt::Key_Return); },
+                {[](QWidget *dialog) { PressKey(dialog, Qt::Key_Return); }}));
+            // The line that takes the place of the deleted one gets the focus.
+            QVERIFY(cart.Page().WaitFor(
+                QStringLiteral("shopping_cart.html"),
+                QStringLiteral("document.querySelectorAll('#list a[title]').length == %1 &&"
+                               " (%1 == 0 || document.activeElement.matches(\"%2\"))")
+                    .arg(QString::number(left), focusLink)));
+        }
+        QCOMPARE(catalogue.GetController().GetShoppingCart().Count(), qint16{0});
+    }
+
     void testPrintingTheCart_data()
     {
         QTest::addColumn<int>("way");

@@ -1,9 +1,7 @@
 #include "BrowserFixture.h"
 #include "LogCapture.h"
-#include "browser/DialogLimit.h"
 
 #include <QFile>
-#include <QMessageBox>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QUdpSocket>
@@ -23,27 +21,6 @@ struct Attempt
 using Attempts = std::vector<Attempt>;
 
 const char *const gate = "tesk.browser.gate";
-
-/// Closes every dialog that opens, and counts them.
-class DialogCloser : public QObject
-{
-public:
-    DialogCloser()
-    {
-        connect(&timer, &QTimer::timeout, this, [this] {
-            if (auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
-                ++count;
-                box->accept();
-            }
-        });
-        timer.start(1);
-    }
-
-    int count = 0;
-
-private:
-    QTimer timer;
-};
 
 } // namespace
 
@@ -328,19 +305,6 @@ private Q_SLOTS:
         fixture.Evaluate(QStringLiteral("b.innerHTML = '<input type=file id=f>'; 1"));
         fixture.Click(QStringLiteral("f"));
         QTRY_VERIFY(log.Has(gate, {QStringLiteral("choice of a file")}));
-    }
-
-    void testFloodOfQuestionsEnds()
-    {
-        const LogCapture log;
-        DialogCloser closer;
-        QVERIFY(OpenPlainPage());
-        browser.RunScript(QStringLiteral("setTimeout(() => {"
-                                         " for (i = 0; i < 200; ++i) i % 2 ? alert(i) : confirm(i);"
-                                         " b.innerText = 'over' })"));
-        QTRY_COMPARE(Text(), QStringLiteral("over"));
-        QCOMPARE(closer.count, DialogLimit::longestRow);
-        QVERIFY(log.Has(gate, {QStringLiteral("further questions"), QStringLiteral("\"5\"")}));
     }
 
 private:

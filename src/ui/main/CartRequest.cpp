@@ -1,19 +1,22 @@
 #include "ui/main/CartRequest.h"
 
 #include "base/Numbers.h"
+#include "browser/Log.h"
 #include "cart/dialogs/frmShoppingCartAmount.h"
 #include "core/Controller.h"
 #include "ui/main/CartRequestText.h"
 
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace Tesk {
 
-CartRequest::CartRequest(Controller &controller, QWidget *owner)
+CartRequest::CartRequest(Controller &controller, QWidget *owner, QWidget &browser)
     : QObject(owner)
     , controller(controller)
     , owner(owner)
+    , dialogs(browser)
 {}
 
 void CartRequest::StatusTextChange(const QString &text)
@@ -22,8 +25,12 @@ void CartRequest::StatusTextChange(const QString &text)
     if (isDialogOpen || !id || text == lastStatusText)
         return;
     const QScopedValueRollback dialogGuard(isDialogOpen, true);
-    if (!id->isEmpty())
+    if (!id->isEmpty() && dialogs.Allows()) {
+        const QScopeGuard end([this] { dialogs.Ended(); });
         AskAndAdd(*id);
+    } else if (!id->isEmpty() && dialogs.IsFirstRefusal()) {
+        qCWarning(gateLog, "refused: further requests of the page for the cart");
+    }
     lastStatusText = text;
 }
 

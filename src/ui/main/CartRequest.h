@@ -1,5 +1,7 @@
 #pragma once
 
+#include "browser/DialogLimit.h"
+
 #include <QObject>
 #include <QString>
 
@@ -15,12 +17,14 @@ class CartRequest final : public QObject
     Q_OBJECT
 
 public:
-    /// `owner` is the window that the dialogs belong to.
-    CartRequest(Controller &controller, QWidget *owner);
+    /// `owner` is the window that the dialogs belong to, `browser` the control in it that shows the
+    /// page.
+    CartRequest(Controller &controller, QWidget *owner, QWidget &browser);
 
 public Q_SLOTS:
     /// Acts on a text that asks for a product (CartRequestText.h) and differs from the last such
-    /// text. Texts that arrive while the dialog is open are dropped.
+    /// text. Texts that arrive while the dialog is open are dropped, and those that would open
+    /// dialog after dialog (DialogLimit.h).
     void StatusTextChange(const QString &text);
 
 Q_SIGNALS:
@@ -32,6 +36,7 @@ private:
     Controller &controller;
     QWidget *owner;
     QString lastStatusText;
+    DialogLimit dialogs;
     bool isDialogOpen = false;
 };
 
