@@ -27,6 +27,8 @@ QString FileOf(SavedPage page)
         return Folders::Pages + ContentFolder + QLatin1String("saved_list.html");
     case SavedPage::Cart:
         return Folders::Pages + ContentFolder + QLatin1String("saved_cart.html");
+    case SavedPage::LongCart:
+        return Folders::Pages + ContentFolder + QLatin1String("saved_long_cart.html");
     }
     return {};
 }

@@ -8,7 +8,7 @@ namespace Tesk {
 class PageUser;
 
 /// The pages that the benchmark compares with.
-enum class SavedPage { Welcome, List, Cart };
+enum class SavedPage { Welcome, List, Cart, LongCart };
 
 /// Where the bare window finds the page.
 QByteArray AddressOf(SavedPage page);

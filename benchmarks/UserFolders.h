@@ -10,12 +10,15 @@ namespace Tesk {
 class UserFolders final
 {
 public:
+    UserFolders();
+
     /// For the catalogue, with the log lines that tell of written pages.
     QProcessEnvironment Environment() const;
     /// The next start is one with a catalogue that was never opened before.
     void ForgetDatabases() const;
 
 private:
+    QString SettingsFolder() const { return folder.filePath(QStringLiteral("settings")); }
     QString CacheFolder() const { return folder.filePath(QStringLiteral("cache")); }
 
     QTemporaryDir folder;

@@ -116,11 +116,14 @@
         const { fontSize, fontFamily } = getComputedStyle(document.body);
         const pen = document.createElement('canvas').getContext('2d');
         let width = 0;
-        for (const row of rows) {
-            const isMember = !row.cells[0].hasChildNodes();
+        // One kind of row after the other: to change the pen's font takes longer than to measure.
+        for (const isMember of [false, true]) {
             pen.font = `${isMember ? 'normal' : 'bold'} ${fontSize} ${fontFamily}`;
             const indent = isMember ? memberIndent : 0;
-            width = Math.max(width, indent + pen.measureText(row.cells[1].textContent).width);
+            for (const row of rows) {
+                if (isMember !== row.cells[0].hasChildNodes())
+                    width = Math.max(width, indent + pen.measureText(row.cells[1].textContent).width);
+            }
         }
         document.documentElement.style.setProperty('--number', `${Math.ceil(width) + 1}px`);
     }
