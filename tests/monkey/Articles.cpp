@@ -5,8 +5,8 @@
 namespace Tesk {
 
 Articles::Articles(CatalogueWindow &catalogue)
+    : queries(catalogue.GetController().Queries())
 {
-    const CatalogueQueries &queries = catalogue.GetController().Queries();
     for (const auto &node : catalogue.Window().Tree().Nodes()) {
         if (node->HasChildren())
             continue;
@@ -33,6 +33,12 @@ std::optional<QString> Articles::IdOf(const QString &number) const
 {
     const auto found = ids.find(number);
     return found == ids.end() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<QString> Articles::IdOfReference(const QString &number) const
+{
+    const QString id = number.isEmpty() ? QString() : queries.FindProductIdsByRefNo(number);
+    return id.toInt() > 0 ? std::optional(id) : std::nullopt;
 }
 
 std::optional<std::vector<Articles::Member>> Articles::MembersOf(const QString &id) const

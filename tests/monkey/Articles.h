@@ -9,6 +9,7 @@
 
 namespace Tesk {
 
+class CatalogueQueries;
 class CatalogueWindow;
 
 /// What the catalogue offers, read once when the monkey starts.
@@ -27,10 +28,13 @@ public:
     const QStringList &Numbers() const { return numbers; }
     /// The product's id; `number` in the catalogue's spelling.
     std::optional<QString> IdOf(const QString &number) const;
+    /// The id of the product that a competitor's number stands for.
+    std::optional<QString> IdOfReference(const QString &number) const;
     /// Nothing for a product that is no set.
     std::optional<std::vector<Member>> MembersOf(const QString &id) const;
 
 private:
+    const CatalogueQueries &queries;
     QStringList numbers;
     QHash<QString, QString> ids;
     QHash<QString, std::vector<Member>> sets;

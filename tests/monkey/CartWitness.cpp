@@ -113,16 +113,20 @@ void CartWitness::RowsConfirmed(const frmShoppingCartAdd &dialog)
             return TextOf(dialog, QLatin1String(field) + QString::number(row));
         };
         const QString number = text("tbArtNrTesk");
-        if (number.isEmpty())
+        const QString reference = text("tbArtNrCompetition").trimmed();
+        // Without a number of the maker's the competitor's decides, where it is one.
+        const std::optional<QString> id = number.isEmpty() ? parts.articles.IdOfReference(reference)
+                                                           : parts.articles.IdOf(number);
+        if (number.isEmpty() && !id)
             continue;
-        const std::optional<QString> id = parts.articles.IdOf(number);
         const std::optional<int> amount = RandomTexts::AmountOf(text("tbAmount")).inAddDialog;
         if (!id || !amount) {
             parts.findings.Fail(
                 QStringLiteral("\"%1\" of \"%2\" was taken").arg(text("tbAmount"), number));
             continue;
         }
-        parts.findings.Note(QStringLiteral("add %1 of %2").arg(*amount).arg(number));
+        parts.findings.Note(
+            QStringLiteral("add %1 of %2").arg(*amount).arg(number.isEmpty() ? reference : number));
         parts.model.Add(*id, *amount, text("tbCatNr"));
     }
 }
