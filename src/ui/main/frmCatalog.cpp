@@ -11,6 +11,7 @@
 #include "search/SearchDetail.h"
 #include "ui/main/CartRequest.h"
 #include "ui/main/CatalogApplication.h"
+#include "ui/main/CategorySelection.h"
 #include "ui/main/CategoryTreeView.h"
 #include "ui/main/FastSearch.h"
 #include "ui/main/HeaderBand.h"
@@ -65,6 +66,7 @@ frmCatalog::frmCatalog(Controller &controller, const ContactServices &contactSer
     setWindowTitle(ProgramInfo::Title);
     LayOut(*this, {controller, builder, contactServices, profile});
     place = std::make_unique<ShownPlace>(*ucBreadcrumb, *ucNavLeft);
+    selection = std::make_unique<CategorySelection>(*TreeViewCategories, *place);
     menuCommands = new MenuCommands(*menus, controller, contactServices, this);
     protocol = std::make_unique<PageProtocol>(PageProtocol::Parts{
         controller, builder, tree, history, *wbMain, *this, pointer, *scroller});
@@ -224,12 +226,12 @@ void frmCatalog::ApplyGuiTexts()
     ucSearchDetail->Initialize();
     ucShoppingCart->InitGui();
     RefreshCart();
-    if (currentNode == nullptr) {
+    if (const CategoryNode *const node = CurrentNode()) {
+        SetStatusText(node->FullPath());
+        SetBreadcrumb(BuildBreadcrumbPath(node));
+    } else {
         SetStatusText(QString());
         SetBreadcrumb({});
-    } else {
-        SetStatusText(currentNode->FullPath());
-        SetBreadcrumb(BuildBreadcrumbPath(currentNode));
     }
     ReloadPage();
 }
@@ -273,44 +275,25 @@ void frmCatalog::MarkCurrentLanguage()
 
 void frmCatalog::TreeViewCategories_NodeClick(const CategoryNode *node)
 {
-    MarkNavEntry(node);
     pointer.SetHourglass();
     ShowContent((node->HasChildren() ? CategoryAddress : ListAddress) + node->tag);
-    MarkNode(node);
+    SelectCategory(node);
+}
+
+const CategoryNode *frmCatalog::CurrentNode() const
+{
+    return selection->Current();
 }
 
 void frmCatalog::SelectCategory(const CategoryNode *node)
 {
     if (node != nullptr) {
-        MarkNavEntry(node);
-        MarkNode(node);
-        return;
+        selection->Select(*node);
+        SetStatusText(node->FullPath());
+    } else {
+        selection->Clear();
+        SetStatusText(QString());
     }
-    if (currentNode != nullptr)
-        TreeViewCategories->SetBold(currentNode, false);
-    currentNode = nullptr;
-    place->SetMarkOfPage(QString());
-    SetStatusText(QString());
-}
-
-/// A top-level category has no entry and leaves the menu as it is.
-void frmCatalog::MarkNavEntry(const CategoryNode *node)
-{
-    if (const CategoryNode *const entry = node->SecondLevelAncestor())
-        place->SetMarkOfPage(entry->tag);
-}
-
-void frmCatalog::MarkNode(const CategoryNode *node)
-{
-    if (currentNode != nullptr) {
-        TreeViewCategories->SetBold(currentNode, false);
-        TreeViewCategories->CollapseNodePath(currentNode);
-    }
-    TreeViewCategories->SetBold(node, true);
-    currentNode = node;
-    TreeViewCategories->ExpandNodePath(node);
-    TreeViewCategories->SetCurrent(node);
-    SetStatusText(node->FullPath());
 }
 
 void frmCatalog::OpenContent(const QString &tail)

@@ -17,6 +17,7 @@ class QWebEngineProfile;
 namespace Tesk {
 
 class CartRequest;
+class CategorySelection;
 class Controller;
 class FastSearch;
 class MenuCommands;
@@ -47,7 +48,7 @@ public:
     void MarkCurrentLanguage();
     void FillCategoryTree();
 
-    const CategoryNode *CurrentNode() const override { return currentNode; }
+    const CategoryNode *CurrentNode() const override;
     void TreeViewCategories_NodeClick(const CategoryNode *node) override;
     void SelectCategory(const CategoryNode *node) override;
     void SetStatusText(const QString &text) override;
@@ -78,8 +79,6 @@ private:
     void ConnectPrinting();
     void ConnectKeys();
     void ConnectZoom();
-    void MarkNavEntry(const CategoryNode *node);
-    void MarkNode(const CategoryNode *node);
     void SelectNavEntry(const QString &id);
     void ShowSearchForm();
     void SelectCrumb(const QString &link);
@@ -100,8 +99,8 @@ private:
     NavigationHistory history;
     MousePointer pointer;
     DesktopTexts desktopTexts;
-    const CategoryNode *currentNode = nullptr;
     std::unique_ptr<ShownPlace> place;
+    std::unique_ptr<CategorySelection> selection;
     std::unique_ptr<PageProtocol> protocol;
     MenuCommands *menuCommands = nullptr;
     CartRequest *cartRequest = nullptr;
