@@ -3,14 +3,14 @@
 #include "about/ProgramInfo.h"
 #include "about/RegistryKeys.h"
 #include "base/Errors.h"
-#include "base/TextLines.h"
+#include "base/PlainMessageBox.h"
+#include "core/CatalogueVersion.h"
 
 #include <QBoxLayout>
 #include <QFileInfo>
 #include <QFrame>
 #include <QLabel>
 #include <QLoggingCategory>
-#include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QShowEvent>
@@ -29,9 +29,6 @@ const QString SysInfoCaption = QStringLiteral("&Systeminfo …");
 const QString NoSysInfo = QStringLiteral("Systeminformationen sind momentan nicht verfügbar");
 
 const QString VersionPrefix = QStringLiteral("Version ");
-const QString UnknownVersion = QStringLiteral("–");
-const QString VersionAdvice =
-    QStringLiteral("Put back the file, one line with the catalogue's version.");
 
 const QString ProgramKey = QStringLiteral("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO");
 const QString ProgramValue = QStringLiteral("PATH");
@@ -132,9 +129,7 @@ void frmAbout::SetTexts()
 QString frmAbout::ReadVersion() const
 {
     try {
-        const QString version =
-            ReadTextLines(applicationFolder + QLatin1String("/version"), VersionAdvice).front();
-        return version.isEmpty() ? UnknownVersion : version;
+        return ReadCatalogueVersion(applicationFolder);
     } catch (const FileError &error) {
         qCWarning(aboutLog).noquote() << error.Message();
         return UnknownVersion;
@@ -173,8 +168,7 @@ void frmAbout::StartSysInfo()
     const QString path = FindSysInfo();
     if (!path.isEmpty() && system.startProgram(path))
         return;
-    QMessageBox box(QMessageBox::NoIcon, windowTitle(), NoSysInfo, QMessageBox::Ok, this);
-    box.exec();
+    PlainMessageBox(QMessageBox::NoIcon, windowTitle(), NoSysInfo, QMessageBox::Ok, this).exec();
 }
 
 } // namespace Tesk

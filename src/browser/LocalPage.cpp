@@ -1,12 +1,12 @@
 #include "browser/LocalPage.h"
 
+#include "base/PlainMessageBox.h"
 #include "browser/Log.h"
 #include "browser/PagePermissions.h"
 #include "browser/RequestGate.h"
 
 #include <QCoreApplication>
 #include <QInputDialog>
-#include <QMessageBox>
 #include <QScopeGuard>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
@@ -45,8 +45,7 @@ QMessageBox::StandardButton Ask(QWebEnginePage *page, QMessageBox::Icon icon,
                                 QMessageBox::StandardButtons buttons, const QString &message)
 {
     QWidget *window = QWebEngineView::forPage(page)->window();
-    QMessageBox box(icon, window->windowTitle(), message, buttons, window);
-    box.setTextFormat(Qt::PlainText);
+    PlainMessageBox box(icon, window->windowTitle(), message, buttons, window);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 

@@ -1,11 +1,12 @@
 #include "core/FileDialog.h"
 
+#include "base/PlainMessageBox.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLoggingCategory>
-#include <QMessageBox>
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -23,9 +24,7 @@ void SayThatFolderIsMissing(const QString &folder, QWidget *owner)
                                     "%1\nDirectory not found.\nPlease verify the correct directory "
                                     "name was given.")
             .arg(QDir::toNativeSeparators(folder));
-    QMessageBox box(QMessageBox::Warning, QString(), message, QMessageBox::Ok, owner);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    PlainMessageBox(QMessageBox::Warning, QString(), message, QMessageBox::Ok, owner).exec();
 }
 
 /// Runs the dialog, again and again while the name lies in no folder, and gives the path chosen.
@@ -55,10 +54,9 @@ bool MayReplace(const QString &path, QWidget *owner)
     const QString question =
         QCoreApplication::translate("QFileDialog", "%1 already exists.\nDo you want to replace it?")
             .arg(QFileInfo(path).fileName());
-    QMessageBox box(QMessageBox::Warning, QString(), question, QMessageBox::Yes | QMessageBox::No,
-                    owner);
+    PlainMessageBox box(QMessageBox::Warning, QString(), question,
+                        QMessageBox::Yes | QMessageBox::No, owner);
     box.setDefaultButton(QMessageBox::No);
-    box.setTextFormat(Qt::PlainText);
     return box.exec() == QMessageBox::Yes;
 }
 

@@ -1,5 +1,6 @@
 #include "browser/WebBrowser.h"
 #include "core/CategoryTree.h"
+#include "support/CartTab.h"
 #include "support/CatalogueWindow.h"
 #include "support/EngineTest.h"
 #include "support/SampleCatalogue.h"
@@ -7,12 +8,14 @@
 #include "support/ShownPage.h"
 #include "support/UserActions.h"
 #include "support/WaitUntil.h"
+#include "ui/main/HeaderBand.h"
 #include "ui/main/controls/Breadcrumb.h"
 #include "ui/main/controls/CrumbButton.h"
 #include "ui/main/controls/NavEntry.h"
 #include "ui/main/controls/NavLeft.h"
 
 #include <QAbstractButton>
+#include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -169,6 +172,40 @@ private Q_SLOTS:
         QVERIFY(WaitUntil([&] { return ShownCaption(*catalogue) == caption; }));
     }
 
+    void testChangeOfLanguageKeepsTheCrumbsOfAProductFromTheCart()
+    {
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickInTree(*catalogue, DeepLeaf()); }));
+        catalogue->GetController().AddProductToCart(2, 1, QString());
+        ClickOn(Shown()[0]);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("welcome.html")));
+        CartTab cart(*catalogue);
+        QVERIFY(cart.Open());
+        QVERIFY(WaitForFillAfter(*catalogue, [&] {
+            QVERIFY(cart.Page().Click(QStringLiteral("#contListRow0 td:nth-child(3)")));
+        }));
+        QVERIFY(catalogue->Window().CurrentNode() != nullptr);
+        QCOMPARE(Captions(), QStringList{QStringLiteral("tesk-shop")});
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ChooseGerman(); }));
+        QCOMPARE(Captions(), QStringList{QStringLiteral("tesk-shop")});
+    }
+
+    void testCrumbsOfAProductChangeTheirLanguage()
+    {
+        const CategoryNode *const leaf = DeepLeaf();
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickInTree(*catalogue, leaf); }));
+        QVERIFY(WaitForFillAfter(*catalogue, [&] {
+            QVERIFY(catalogue->Click(QStringLiteral("#contListRow1 td:nth-child(2)")));
+        }));
+        const QStringList english = Captions();
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ChooseGerman(); }));
+        QCOMPARE(Captions().size(), english.size());
+        QVERIFY(Captions().last() != english.last());
+        QCOMPARE(Captions().mid(1).join(u'\\'), leaf->FullPath());
+        // They still lead where they did.
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickOn(Shown().last()); }));
+        QCOMPARE(ShownCaption(*catalogue), leaf->text);
+    }
+
     void testSearchResultsHaveTheHomeCrumbAlone()
     {
         QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickInTree(*catalogue, DeepLeaf()); }));
@@ -198,6 +235,8 @@ private:
         QVERIFY(TurnWheelTo(menu, search));
         ClickOn(search);
     }
+
+    void ChooseGerman() { ClickOn(catalogue->Window().header->btnLang[0]); }
 
     void ClickOnTab(int tab)
     {

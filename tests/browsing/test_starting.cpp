@@ -66,12 +66,15 @@ public:
             if (box == nullptr)
                 return;
             texts << box->text();
+            arePlain = arePlain && box->textFormat() == Qt::PlainText;
             QTest::keyClick(box, Qt::Key_Return);
         });
         start(10);
     }
 
     QStringList texts;
+    /// Whether none of them is read as markup.
+    bool arePlain = true;
 };
 
 } // namespace
@@ -118,6 +121,7 @@ private Q_SLOTS:
 
         QCOMPARE(status, EXIT_FAILURE);
         QCOMPARE(boxes.texts.size(), 1);
+        QVERIFY(boxes.arePlain);
         QVERIFY2(lines.contains(boxes.texts.first()), qPrintable(lines));
         if (message.isEmpty())
             QVERIFY2(boxes.texts.first().contains(file), qPrintable(boxes.texts.first()));
@@ -129,7 +133,7 @@ private Q_SLOTS:
     {
         Registry registry(Settings());
         registry.RegSetString(SettingsKey, QStringLiteral("PriceListPath"),
-                              QStringLiteral("/nowhere/list.txt"));
+                              QStringLiteral("/nowhere/<i>list.txt"));
         BoxReader boxes;
         connect(&boxes, &QTimer::timeout, this, [&boxes, isAsked = false]() mutable {
             if (boxes.texts.isEmpty() || isAsked)
@@ -143,8 +147,9 @@ private Q_SLOTS:
         });
         QCOMPARE(RunCatalogue(catalogue, Settings(), Cache()), EXIT_SUCCESS);
         QCOMPARE(boxes.texts.size(), 2);
+        QVERIFY(boxes.arePlain);
         QCOMPARE(boxes.texts.first(),
-                 QStringLiteral("Price list /nowhere/list.txt can not be found!"));
+                 QStringLiteral("Price list /nowhere/<i>list.txt can not be found!"));
         QCOMPARE(registry.RegGetString(SettingsKey, QStringLiteral("PriceListPath")), QString());
     }
 

@@ -2,9 +2,9 @@
 
 #include "about/ProgramInfo.h"
 #include "base/Errors.h"
+#include "base/PlainMessageBox.h"
 #include "ui/main/Log.h"
 
-#include <QMessageBox>
 #include <QScopeGuard>
 #include <QTimer>
 
@@ -46,9 +46,8 @@ void CatalogApplication::ShowError(const CatalogueError &error)
     // The box runs an event loop of its own; it opens once the failed event has been left.
     QTimer::singleShot(0, this, [this, message] {
         const QScopeGuard guard([this] { isShowingError = false; });
-        QMessageBox box(QMessageBox::Critical, QString(), message, QMessageBox::Ok, activeWindow());
-        box.setTextFormat(Qt::PlainText);
-        box.exec();
+        PlainMessageBox(QMessageBox::Critical, QString(), message, QMessageBox::Ok, activeWindow())
+            .exec();
     });
 }
 

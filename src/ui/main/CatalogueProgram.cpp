@@ -1,6 +1,7 @@
 #include "ui/main/CatalogueProgram.h"
 
 #include "base/Errors.h"
+#include "base/PlainMessageBox.h"
 #include "browser/LocalProfile.h"
 #include "contact/ContactServices.h"
 #include "contact/LastContact.h"
@@ -11,7 +12,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QMessageBox>
 #include <QTimer>
 
 #include <cstdio>
@@ -24,9 +24,7 @@ namespace {
 void ShowStartupError(const QString &message)
 {
     std::fprintf(stderr, "%s\n", qPrintable(message));
-    QMessageBox box(QMessageBox::Critical, QString(), message);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    PlainMessageBox(QMessageBox::Critical, QString(), message, QMessageBox::Ok).exec();
 }
 
 } // namespace
@@ -54,7 +52,7 @@ int RunCatalogue(const QString &applicationDirectory, const QString &settingsFil
         window.show();
         if (!message.isEmpty())
             QTimer::singleShot(0, &window, [&window, message] {
-                QMessageBox(QMessageBox::Warning, QString(), message, QMessageBox::Ok, &window)
+                PlainMessageBox(QMessageBox::Warning, QString(), message, QMessageBox::Ok, &window)
                     .exec();
             });
     } catch (const CatalogueError &error) {

@@ -1,6 +1,7 @@
 #include "ui/main/MenuCommands.h"
 
 #include "about/frmAbout.h"
+#include "base/PlainMessageBox.h"
 #include "contact/dlgContact.h"
 #include "core/Controller.h"
 #include "core/FileDialog.h"
@@ -8,7 +9,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QMessageBox>
 
 namespace Tesk {
 
@@ -38,8 +38,8 @@ bool MenuCommands::IsExitConfirmed() const
 {
     const QString question = controller.GetText(QStringLiteral("mExitConfirm"))
                                  .replace(QLatin1String("{nl}"), QLatin1String("\n"));
-    QMessageBox box(QMessageBox::Question, QString(), question, QMessageBox::Yes | QMessageBox::No,
-                    window);
+    PlainMessageBox box(QMessageBox::Question, QString(), question,
+                        QMessageBox::Yes | QMessageBox::No, window);
     return box.exec() != QMessageBox::No;
 }
 
@@ -60,7 +60,7 @@ void MenuCommands::AskAndLoadPriceList()
 
 void MenuCommands::ShowSettings()
 {
-    QMessageBox(QMessageBox::Information, QString(), SettingsMessage, QMessageBox::Ok, window)
+    PlainMessageBox(QMessageBox::Information, QString(), SettingsMessage, QMessageBox::Ok, window)
         .exec();
 }
 

@@ -1,5 +1,7 @@
 #include "ui/main/ShownPlace.h"
 
+#include "core/CategoryTree.h"
+#include "ui/main/PageAddress.h"
 #include "ui/main/controls/Breadcrumb.h"
 #include "ui/main/controls/NavLeft.h"
 
@@ -14,6 +16,16 @@ void ShownPlace::SetCrumbsOfPage(const QList<Crumb> &list)
 {
     crumbsOfPage = list;
     crumbs.SetList(list);
+}
+
+void ShownPlace::RelabelCrumbsOfPage(const CategoryTree &tree)
+{
+    for (Crumb &crumb : crumbsOfPage) {
+        if (const CategoryNode *const node = tree.FindByTag(PageAddress::Id(crumb.link)))
+            crumb.caption = node->text;
+    }
+    if (!isOther)
+        crumbs.SetList(crumbsOfPage);
 }
 
 void ShownPlace::SetMarkOfPage(const QString &categoryId)

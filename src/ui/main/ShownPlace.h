@@ -8,6 +8,7 @@
 namespace Tesk {
 
 class Breadcrumb;
+class CategoryTree;
 class NavLeft;
 
 /// Where the user is in the catalogue: the crumbs and the left menu's mark. They tell of the page;
@@ -19,6 +20,8 @@ public:
     ShownPlace(Breadcrumb &crumbs, NavLeft &menu);
 
     void SetCrumbsOfPage(const QList<Crumb> &list);
+    /// Gives the categories among the crumbs their names in the tree's language.
+    void RelabelCrumbsOfPage(const CategoryTree &tree);
     /// The category whose entry is marked; the empty text marks none.
     void SetMarkOfPage(const QString &categoryId);
 

@@ -1,12 +1,12 @@
 #include "ui/main/frmCatalog.h"
 
 #include "about/ProgramInfo.h"
-#include "base/CodePage.h"
 #include "base/Errors.h"
 #include "browser/PagePrinter.h"
 #include "browser/PageZoom.h"
 #include "browser/WebBrowser.h"
 #include "cart/pane/ShoppingCart.h"
+#include "core/CatalogueVersion.h"
 #include "core/Controller.h"
 #include "search/SearchDetail.h"
 #include "ui/main/CartRequest.h"
@@ -30,7 +30,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -215,7 +214,8 @@ void frmCatalog::ApplyGuiTexts()
 {
     const LanguageSupport &languages = controller.Languages();
     desktopTexts.UseLanguage(languages.CurrentCode());
-    setWindowTitle(ProgramInfo::Title + QLatin1String(" | Version ") + ReadVersion());
+    setWindowTitle(ProgramInfo::Title + QLatin1String(" | Version ") +
+                   ReadCatalogueVersion(controller.ApplicationDirectory()));
     menus->ApplyGuiTexts(languages);
     header->ApplyGuiTexts(languages, controller.GetUnit());
     ApplyCaptions(controller);
@@ -227,8 +227,9 @@ void frmCatalog::ApplyGuiTexts()
     ucShoppingCart->InitGui();
     RefreshCart();
     if (const CategoryNode *const node = CurrentNode()) {
+        // The page has crumbs of its own, which may lead to another place than the category.
         SetStatusText(node->FullPath());
-        SetBreadcrumb(BuildBreadcrumbPath(node));
+        place->RelabelCrumbsOfPage(tree);
     } else {
         SetStatusText(QString());
         SetBreadcrumb({});
@@ -447,19 +448,6 @@ void frmCatalog::Print()
 void frmCatalog::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(menuCommands->IsExitConfirmed());
-}
-
-QString frmCatalog::ReadVersion() const
-{
-    QFile file(controller.ApplicationDirectory() + QLatin1String("/version"));
-    if (!file.open(QIODevice::ReadOnly))
-        throw FileError(QStringLiteral("The file \"%1\" cannot be read: %2. Put back the file, one "
-                                       "line with the catalogue's version.")
-                            .arg(file.fileName(), file.errorString()));
-    QByteArray line = file.readLine();
-    while (line.endsWith('\n') || line.endsWith('\r'))
-        line.chop(1);
-    return CodePage::FromBytes(line);
 }
 
 } // namespace Tesk

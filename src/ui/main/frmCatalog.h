@@ -91,7 +91,6 @@ private:
     void SelectUnit(int index);
     void Print();
     void ReloadPage();
-    QString ReadVersion() const;
 
     Controller &controller;
     HtmlBuilder builder;
