@@ -45,9 +45,12 @@ QString DataSheet(const QUrl &url)
 QByteArray Read(const QString &fileName)
 {
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
+    QByteArray content;
+    if (file.open(QIODevice::ReadOnly))
+        content = file.readAll();
+    if (file.error() != QFileDevice::NoError)
         throw FileError(QStringLiteral("%1 cannot be read: %2").arg(fileName, file.errorString()));
-    return file.readAll();
+    return content;
 }
 
 void Write(const QString &fileName, const QByteArray &content)

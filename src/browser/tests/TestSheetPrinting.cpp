@@ -73,6 +73,23 @@ private Q_SLOTS:
         QVERIFY(source.readAll() == print.readAll());
     }
 
+#ifdef Q_OS_LINUX
+    void testDataSheetThatCannotBeReadToItsEndIsNoPrint()
+    {
+        QVERIFY(OpenDataSheet(3));
+        // A file that can be opened, but whose first byte cannot be read.
+        const QString sheet = fixture.Path(QStringLiteral("content/sheet.pdf"));
+        QVERIFY(QFile::remove(sheet) && QFile::link(QStringLiteral("/proc/self/mem"), sheet));
+        const LogCapture log;
+        PagePrinter printer(fixture.Browser(), PrintFixture::IntoFile(fixture.Pdf()));
+        const std::optional<PrintEnd> end = PrintFixture::EndOfPrint(printer);
+        QVERIFY(QFile::remove(sheet));
+        QVERIFY(end == PrintEnd::PrinterFailed);
+        QVERIFY(!QFile::exists(fixture.Pdf()));
+        QVERIFY(log.Has("tesk.browser.print", {QStringLiteral("cannot be read")}));
+    }
+#endif
+
     void testPrintsChosenSheetsOfADataSheet()
     {
         QVERIFY(OpenDataSheet(4));
