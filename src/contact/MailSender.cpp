@@ -9,8 +9,11 @@
 #include <shellapi.h>
 #else
 #include <QProcess>
+
+#include <unistd.h>
 #endif
 
+#include <limits>
 #include <utility>
 
 namespace Tesk {
@@ -21,6 +24,12 @@ Q_LOGGING_CATEGORY(mailLog, "tesk.mail")
 
 // What a line of the log shows of an address: enough to tell which, none of the customer's data.
 constexpr QChar EndOfRecipient = u'?';
+
+const QString Advice =
+    QStringLiteral("- install a mail program and make it the system's program for mail addresses.");
+const QString LengthAdvice =
+    QStringLiteral("- the message of %1 bytes is longer than the system hands to a program. "
+                   "Shorten the remarks, or print it.");
 
 bool IsKept(char character)
 {
@@ -36,6 +45,8 @@ QByteArray Encoded(char byte)
 
 #ifdef Q_OS_WIN
 
+constexpr qsizetype LongestAddress = std::numeric_limits<qsizetype>::max(); // not known
+
 QByteArray OutgoingAddress(const QString &address)
 {
     return CodePage::ToBytes(address);
@@ -50,6 +61,10 @@ bool OpenBySystem(const QByteArray &address)
 }
 
 #else
+
+const QString SystemsOpener = QStringLiteral("xdg-open");
+/// What Linux hands to a program as one argument.
+constexpr qsizetype LongestAddress = 128 * 1024 - 1; // bytes
 
 bool IsHexadecimal(char digit)
 {
@@ -85,16 +100,38 @@ QByteArray OutgoingAddress(const QString &address)
     return outgoing;
 }
 
+/// Writes to the log how the opener ended; it may stay as long as the mail program is open.
+void TellOfEnd(const QProcess &opener, const QString &recipient)
+{
+    if (opener.exitStatus() == QProcess::NormalExit && opener.exitCode() == 0)
+        return;
+    qCWarning(mailLog).noquote() << SystemsOpener << "ended with status" << opener.exitCode()
+                                 << "- no program took the message to" << recipient << Advice;
+}
+
 bool OpenBySystem(const QByteArray &address)
 {
     // The desktop's own opener passes the address on as it is. What it prints would bring the
     // customer's data to the terminal.
-    QProcess opener;
-    opener.setProgram(QStringLiteral("xdg-open"));
-    opener.setArguments({QString::fromLatin1(address)});
-    opener.setStandardOutputFile(QProcess::nullDevice());
-    opener.setStandardErrorFile(QProcess::nullDevice());
-    return opener.startDetached();
+    const QString text = QString::fromLatin1(address);
+    auto *const opener = new QProcess;
+    opener->setProgram(SystemsOpener);
+    opener->setArguments({text});
+    opener->setStandardInputFile(QProcess::nullDevice());
+    opener->setStandardOutputFile(QProcess::nullDevice());
+    opener->setStandardErrorFile(QProcess::nullDevice());
+    // Neither the end of this program nor a key at its terminal ends the mail program.
+    opener->setChildProcessModifier([] { ::setsid(); });
+    QObject::connect(opener, &QProcess::finished, opener,
+                     [opener, recipient = text.section(EndOfRecipient, 0, 0)] {
+                         TellOfEnd(*opener, recipient);
+                         opener->deleteLater();
+                     });
+    opener->start();
+    if (opener->waitForStarted())
+        return true;
+    delete opener;
+    return false;
 }
 
 #endif
@@ -119,10 +156,13 @@ void MailSender::SendMail(const QString &recipient, const QString &subject,
 
 void MailSender::OpenDocument(const QString &address) const
 {
-    if (!opener(OutgoingAddress(address)))
-        qCWarning(mailLog).noquote()
-            << "No program opened" << address.section(EndOfRecipient, 0, 0)
-            << "- install a mail program and make it the system's program for mail addresses.";
+    const QByteArray outgoing = OutgoingAddress(address);
+    if (opener(outgoing))
+        return;
+    qCWarning(mailLog).noquote() << "No program opened" << address.section(EndOfRecipient, 0, 0)
+                                 << (outgoing.size() > LongestAddress
+                                         ? LengthAdvice.arg(outgoing.size())
+                                         : Advice);
 }
 
 QString MailSender::EncodeMailText(const QString &text)

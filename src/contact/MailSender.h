@@ -8,7 +8,8 @@
 namespace Tesk {
 
 /// Hands messages to the user's mail program, as `mailto:` addresses that the system opens. That
-/// none opened is not reported to the user; it leaves a line in the logging category "tesk.mail".
+/// none opened is not reported to the user; it leaves a line in the logging category "tesk.mail",
+/// at once or when the system's opener ends.
 class MailSender final
 {
 public:

@@ -128,6 +128,20 @@ private Q_SLOTS:
         QCOMPARE(fixture->Stored("Title"), QStringLiteral("1"));
     }
 
+    void testDataOutlivesAMailThatNobodyTook()
+    {
+        fixture->isMailable = false;
+        fixture->Open<dlgContact>();
+        fixture->TypeMandatoryFields();
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("No program opened mailto:")));
+        fixture->Click("SendButton");
+        QVERIFY(!fixture->dialog->isVisible());
+        fixture->Open<dlgContact>();
+        QCOMPARE(fixture->Line("InstName")->text(), QStringLiteral("Klinik"));
+        QCOMPARE(fixture->Line("PersonName")->text(), QStringLiteral("Muster"));
+    }
+
     void testEachFieldIsStoredUnderItsName()
     {
         fixture->Open<dlgContact>();

@@ -1,3 +1,4 @@
+#include "base/tests/CaughtLog.h"
 #include "contact/MailSender.h"
 
 #include <QFile>
@@ -32,6 +33,32 @@ QByteArray Decoded(const QByteArray &encoded)
     }
     return bytes;
 }
+
+#ifdef Q_OS_LINUX
+
+/// While it lives, the system's opener of addresses is this shell script.
+class ReplacedOpener final
+{
+public:
+    explicit ReplacedOpener(const QByteArray &script)
+        : path(qgetenv("PATH"))
+    {
+        QFile program(folder.filePath(QStringLiteral("xdg-open")));
+        if (!program.open(QIODevice::WriteOnly) || program.write("#!/bin/sh\n" + script) < 0 ||
+            !program.setPermissions(QFile::ReadOwner | QFile::ExeOwner))
+            qFatal("the test's opener cannot be written");
+        qputenv("PATH", folder.path().toUtf8() + ':' + path);
+    }
+    ~ReplacedOpener() { qputenv("PATH", path); }
+    ReplacedOpener(const ReplacedOpener &) = delete;
+    ReplacedOpener &operator=(const ReplacedOpener &) = delete;
+
+private:
+    QTemporaryDir folder;
+    QByteArray path;
+};
+
+#endif
 
 } // namespace
 
@@ -173,15 +200,9 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         const QString noted = folder.filePath(QStringLiteral("noted"));
-        QFile program(folder.filePath(QStringLiteral("xdg-open")));
-        QVERIFY(program.open(QIODevice::WriteOnly));
-        program.write("#!/bin/sh\nprintf '%s\\n' \"$#\" \"$1\" > '" + noted.toUtf8() +
-                      ".new'\nmv '" + noted.toUtf8() + ".new' '" + noted.toUtf8() + "'\n");
-        program.close();
-        QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
-        const QByteArray path = qgetenv("PATH");
-        const QScopeGuard restorePath([&path] { qputenv("PATH", path); });
-        qputenv("PATH", folder.path().toUtf8() + ':' + path);
+        const ReplacedOpener opener("printf '%s\\n' \"$#\" \"$1\" > '" + noted.toUtf8() +
+                                    ".new'\nmv '" + noted.toUtf8() + ".new' '" + noted.toUtf8() +
+                                    "'\n");
 
         const MailSender systemsSender;
         systemsSender.SendMail(Recipient, QStringLiteral("ä-b"),
@@ -194,6 +215,47 @@ private Q_SLOTS:
                  "1\nmailto:info@maker.example?subject=%C3%A4%2Db&body=%24HOME%20%60id%60%20%27a"
                  "%27%20%22b%22%0D%0A" +
                      QByteArray(100000, 'x') + '\n');
+    }
+
+    void testOpenerThatFindsNoProgramLeavesALine()
+    {
+        const ReplacedOpener opener("exit 3\n");
+        const CaughtLog log;
+        MailSender().SendMail(Recipient, QStringLiteral("Secret"), QStringLiteral("Secret"));
+        QTRY_COMPARE(CaughtLog::lines.size(), 1);
+        QCOMPARE(CaughtLog::lines.first(),
+                 QStringLiteral("xdg-open ended with status 3 - no program took the message to "
+                                "mailto:info@maker.example - install a mail program and make it "
+                                "the system's program for mail addresses."));
+    }
+
+    void testOpenerThatStaysIsNotWaitedFor()
+    {
+        const QTemporaryDir folder;
+        const QString end = folder.filePath(QStringLiteral("end"));
+        const QString ended = folder.filePath(QStringLiteral("ended"));
+        const ReplacedOpener opener("while [ ! -e '" + end.toUtf8() +
+                                    "' ]; do sleep 0.02; done\n: > '" + ended.toUtf8() + "'\n");
+        const CaughtLog log;
+        MailSender().SendMail(Recipient, QString(), QString());
+        QVERIFY(!QFile::exists(ended));
+        QFile file(end);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QTRY_VERIFY(QFile::exists(ended));
+        QCOMPARE(CaughtLog::lines, QStringList());
+    }
+
+    void testMessageTooLongForTheSystemLeavesALine()
+    {
+        const ReplacedOpener opener("exit 0\n");
+        const CaughtLog log;
+        MailSender().SendMail(Recipient, QString(), QStringLiteral("Secret ").repeated(30000));
+        QCOMPARE(CaughtLog::lines.size(), 1);
+        const QString line = CaughtLog::lines.first();
+        QVERIFY2(line.contains(QStringLiteral("mailto:info@maker.example - the message of 270")) &&
+                     line.contains(QStringLiteral("longer")) &&
+                     !line.contains(QStringLiteral("Secret")),
+                 qPrintable(line));
     }
 
     void testSystemWithoutOpenerRefuses()
