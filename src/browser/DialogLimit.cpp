@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QWidget>
 
 #include <algorithm>
 #include <utility>
@@ -20,10 +19,8 @@ bool IsPress(const QEvent &event)
 
 } // namespace
 
-DialogLimit::DialogLimit(QWidget &area)
-    : area(&area)
+DialogLimit::DialogLimit()
 {
-    // The widget that gets the events is the engine's own and changes with its process.
     qApp->installEventFilter(this);
 }
 
@@ -50,12 +47,10 @@ void DialogLimit::Ended()
     sinceLast.start();
 }
 
-bool DialogLimit::eventFilter(QObject *watched, QEvent *event)
+// Whom the event is for does not matter: a user who presses anything is not held.
+bool DialogLimit::eventFilter(QObject *, QEvent *event)
 {
-    if (IsPress(*event)) {
-        const auto *const widget = qobject_cast<QWidget *>(watched);
-        isPressed = isPressed || (widget != nullptr && area && area->isAncestorOf(widget));
-    }
+    isPressed = isPressed || IsPress(*event);
     return false;
 }
 

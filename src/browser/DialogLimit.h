@@ -2,16 +2,13 @@
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QPointer>
-
-class QWidget;
 
 namespace Tesk {
 
 /// Keeps a page from holding the user with dialog after dialog. A dialog is one of a row when it
 /// comes within a second of the end of the last one and the user has pressed no key and no button
-/// of the mouse in the page since; of a row, the first five open. Whatever comes after them is
-/// refused until the page has been quiet for a second.
+/// of the mouse since; of a row, the first five open. Whatever comes after them is refused until
+/// the page has been quiet for a second.
 class DialogLimit final : public QObject
 {
     Q_OBJECT
@@ -20,8 +17,7 @@ public:
     static constexpr int longestRow = 5;
     static constexpr int quietTime = 1000; // milliseconds
 
-    /// `area` is where the user works on the page. It may end before the limit.
-    explicit DialogLimit(QWidget &area);
+    DialogLimit();
 
     /// Whether the next dialog may open. One that may must be followed by Ended().
     bool Allows();
@@ -34,7 +30,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    QPointer<QWidget> area;
     QElapsedTimer sinceLast;
     int inRow = 0;
     bool isPressed = false;

@@ -54,7 +54,6 @@ QMessageBox::StandardButton Ask(QWebEnginePage *page, QMessageBox::Icon icon,
 LocalPage::LocalPage(QWebEngineProfile *profile, QWebEngineView &view)
     : QWebEnginePage(profile, &view)
     , channel(PageChannel::Of(profile))
-    , questions(view)
 {
     connect(this, &QWebEnginePage::newWindowRequested, this, &LocalPage::OpenHere);
     connect(this, &QWebEnginePage::loadingChanged, this, &LocalPage::ReportUnasked);

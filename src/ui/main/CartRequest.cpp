@@ -12,11 +12,10 @@
 
 namespace Tesk {
 
-CartRequest::CartRequest(Controller &controller, QWidget *owner, QWidget &browser)
+CartRequest::CartRequest(Controller &controller, QWidget *owner)
     : QObject(owner)
     , controller(controller)
     , owner(owner)
-    , dialogs(browser)
 {}
 
 void CartRequest::StatusTextChange(const QString &text)

@@ -17,9 +17,8 @@ class CartRequest final : public QObject
     Q_OBJECT
 
 public:
-    /// `owner` is the window that the dialogs belong to, `browser` the control in it that shows the
-    /// page.
-    CartRequest(Controller &controller, QWidget *owner, QWidget &browser);
+    /// `owner` is the window that the dialogs belong to.
+    CartRequest(Controller &controller, QWidget *owner);
 
 public Q_SLOTS:
     /// Acts on a text that asks for a product (CartRequestText.h) and differs from the last such

@@ -69,7 +69,7 @@ frmCatalog::frmCatalog(Controller &controller, const ContactServices &contactSer
     menuCommands = new MenuCommands(*menus, controller, contactServices, this);
     protocol = std::make_unique<PageProtocol>(PageProtocol::Parts{
         controller, builder, tree, history, *wbMain, *this, pointer, *scroller});
-    cartRequest = new CartRequest(controller, this, *wbMain);
+    cartRequest = new CartRequest(controller, this);
     fastSearch = new FastSearch(controller.Queries(), *header, pointer);
     pagePrinter = new PagePrinter(*wbMain);
     ConnectControls();

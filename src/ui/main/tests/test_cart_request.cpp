@@ -59,7 +59,7 @@ private Q_SLOTS:
         QFETCH(const QString, typed);
         QFETCH(const int, amount);
         QFETCH(const QString, message);
-        CartRequest request(controller, &window, window);
+        CartRequest request(controller, &window);
         QString shown;
         DialogDriver driver({Confirm(typed), [&shown](QDialog &box) {
                                  shown = qobject_cast<QMessageBox *>(&box)->text();
@@ -76,7 +76,7 @@ private Q_SLOTS:
 
     void testCancelledRequestSaysNothing()
     {
-        CartRequest request(controller, &window, window);
+        CartRequest request(controller, &window);
         DialogDriver driver({Cancel, Unexpected("a message")});
         request.StatusTextChange(QStringLiteral("shoppingCart:1"));
         QVERIFY(!driver.IsDone());
