@@ -8,6 +8,7 @@
 #include "browser/PageChannel.h"
 #include "browser/PageHold.h"
 #include "browser/PageScript.h"
+#include "browser/PageWatch.h"
 #include "browser/TaskEvent.h"
 
 #include <QAbstractEventDispatcher>
@@ -54,8 +55,12 @@ WebBrowser::WebBrowser(QWebEngineProfile *profile, QWidget *parent)
     : QWidget(parent)
     , view(new QWebEngineView(this))
     , page(new LocalPage(profile, *view))
+    , watch(PageWatch::Of(profile))
+    , textLookup([](const QString &) { return QString(); })
 {
     view->setPage(page);
+    watch.Watch(*view);
+    connect(&watch, &PageWatch::ProcessEnds, this, &WebBrowser::OnProcessEnds);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view);
@@ -70,6 +75,7 @@ WebBrowser::WebBrowser(QWebEngineProfile *profile, QWidget *parent)
     connect(page, &LocalPage::DocumentCreated, this, [this](const QString &id) {
         newestDocumentId = id;
         isDocumentKnown = true;
+        watch.NoteLife();
     });
     connect(page, &LocalPage::DocumentLoaded, this, &WebBrowser::OnDocumentLoaded);
     connect(page, &LocalPage::NavigationHeld, this, [this](const QUrl &url) {
@@ -93,8 +99,10 @@ WebBrowser::~WebBrowser()
         endOfHold = [&loop] { loop.quit(); };
         QTimer::singleShot(longestHold, &loop, &QEventLoop::quit);
         loop.exec(QEventLoop::ExcludeUserInputEvents);
-        if (const std::shared_ptr<PageHold> held = hold.lock())
+        if (const std::shared_ptr<PageHold> held = hold.lock()) {
             held->Forget();
+            watch.EndHold();
+        }
     }
     // A page that ends gives every answer it owes, and those look at this class's part.
     delete page;
@@ -118,12 +126,14 @@ void WebBrowser::customEvent(QEvent *event)
 void WebBrowser::Navigate(const QString &address)
 {
     ++requests;
+    watch.NoteRequest();
     Load(Address::ToUrl(address));
 }
 
 void WebBrowser::Load(const QUrl &url)
 {
     requestedUrl = url;
+    urlWhenSeen.clear();
     page->load(url);
 }
 
@@ -134,6 +144,7 @@ std::shared_ptr<PageHold> WebBrowser::HoldPage()
         held = std::make_shared<PageHold>([this] { EndHold(); });
         hold = held;
         page->SetHeld(true);
+        watch.BeginHold();
     }
     return held;
 }
@@ -141,6 +152,7 @@ std::shared_ptr<PageHold> WebBrowser::HoldPage()
 void WebBrowser::EndHold()
 {
     page->SetHeld(false);
+    watch.EndHold();
     if (endOfHold)
         endOfHold();
     // The end of a load that was not let through is reported in between.
@@ -187,10 +199,9 @@ void WebBrowser::OnLoading(const QWebEngineLoadingInfo &info)
             ReportEndedLoad(info.url());
             break;
         }
-        ShowFailure(info.url(),
-                    info.errorCode() == fileNotFound
-                        ? QStringLiteral("Its file is missing.")
-                        : QStringLiteral("Its file cannot be read (%1).").arg(info.errorString()));
+        ShowFailure(info.url(), info.errorCode() == fileNotFound
+                                    ? PageError::Missing()
+                                    : PageError::Unreadable(info.errorString()));
         break;
     }
 }
@@ -247,17 +258,17 @@ void WebBrowser::GiveChannel(const QUrl &url)
                         });
 }
 
-void WebBrowser::ShowFailure(const QUrl &url, const QString &reason)
+void WebBrowser::ShowFailure(const QUrl &url, const CatalogueError &error)
 {
     const QString address = Address::FromUrl(url);
     qCWarning(browserLog, "%ls cannot be shown. %ls", qUtf16Printable(address),
-              qUtf16Printable(reason));
-    Queue([this, address, reason, request = requests] {
+              qUtf16Printable(error.Message()));
+    Queue([this, address, error, request = requests] {
         // Meanwhile another page may have been asked for.
         if (isLoading || request != requests)
             return;
         reported = {};
-        page->setHtml(FailurePage(address, reason));
+        page->setHtml(FailurePage(address, error, textLookup));
         Q_EMIT LoadFailed(address);
     });
 }
@@ -271,20 +282,46 @@ void WebBrowser::ReportEndedLoad(const QUrl &url)
     });
 }
 
+void WebBrowser::OnProcessEnds(qint64 process)
+{
+    isStopped = page->renderProcessPid() == process;
+    // Whichever page was stopped, it has not failed.
+    if (isStopped)
+        reloadedUrl.clear();
+}
+
+void WebBrowser::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (!urlWhenSeen.isEmpty())
+        Load(std::exchange(urlWhenSeen, {}));
+}
+
 void WebBrowser::OnTermination(QWebEnginePage::RenderProcessTerminationStatus status, int exitCode)
 {
     if (status == QWebEnginePage::NormalTerminationStatus)
         return;
     // The engine itself has forgotten what it was asked for.
+    const bool isAnotherNext = !requestedUrl.isEmpty() || (isLoading && !isDocumentKnown);
+    const bool hasStopped = std::exchange(isStopped, false) && !isAnotherNext;
     const QUrl shownUrl = isLoading ? loadingUrl : loadedUrl;
     const QUrl url = requestedUrl.isEmpty() ? shownUrl : std::exchange(requestedUrl, {});
     isLoading = false;
     // What waits for the hold takes the place of the page, for which nobody can hold it any more.
     if (!heldUrl.isEmpty())
         return;
+    if (hasStopped && isVisible()) {
+        ShowFailure(url, PageError::Stopped());
+        return;
+    }
+    // It may be this one whose script runs without end: that is seen once it is.
+    if (hasStopped) {
+        urlWhenSeen = url;
+        return;
+    }
     // A page that brings the engine down would do so for ever.
     if (url == reloadedUrl) {
-        ShowFailure(url, QStringLiteral("The browser engine failed on it twice."));
+        ShowFailure(url, PageError::EngineFailed());
         return;
     }
     qCWarning(browserLog, "the engine failed (%d) on %ls, which is loaded again", exitCode,

@@ -15,8 +15,10 @@ class QWebEngineView;
 
 namespace Tesk {
 
+class CatalogueError;
 class LocalPage;
 class PageHold;
+class PageWatch;
 
 /// The browser control. Its signals come from the event loop, never from within a callback of the
 /// engine, so a slot may open dialogs and throw.
@@ -29,6 +31,11 @@ public:
     explicit WebBrowser(QWebEngineProfile *profile, QWidget *parent = nullptr);
     /// Waits until its page is no longer held, but not for ever.
     ~WebBrowser() override;
+
+    /// Gives the texts of the language files that tell the user why a page cannot be shown
+    /// (Errors.h). Without it they are English.
+    using TextLookup = std::function<QString(const QString &key)>;
+    void SetTextLookup(const TextLookup &getText) { textLookup = getText; }
 
     /// Opens an address of the program's spelling: `file:///` or `mk:@MSITStore:`, characters as
     /// they are spelled on disk, an optional query behind "?" and fragment behind "#".
@@ -65,6 +72,7 @@ Q_SIGNALS:
 
 protected:
     void customEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     struct Document
@@ -76,13 +84,15 @@ private:
     void OnLoading(const QWebEngineLoadingInfo &info);
     void OnUrlChanged(const QUrl &url);
     void OnDocumentLoaded(const QString &id);
+    /// The watch ends this process of the engine.
+    void OnProcessEnds(qint64 process);
     void OnTermination(QWebEnginePage::RenderProcessTerminationStatus status, int exitCode);
     void Complete(const QUrl &url);
     void GiveChannel(const QUrl &url);
     void Load(const QUrl &url);
     void OpenHeld();
     void EndHold();
-    void ShowFailure(const QUrl &url, const QString &reason);
+    void ShowFailure(const QUrl &url, const CatalogueError &error);
     void ReportEndedLoad(const QUrl &url);
     void ReportStatusText(const QString &text);
     void ReportChanges(const QVariant &result, const QList<ElementChange> &changes,
@@ -92,6 +102,8 @@ private:
 
     QWebEngineView *view = nullptr;
     LocalPage *page = nullptr;
+    PageWatch &watch;
+    TextLookup textLookup;
     /// How often the program asked for a page.
     int requests = 0;
     /// The page asked for last, until its load begins, and the one whose load began last.
@@ -103,6 +115,9 @@ private:
     std::function<void()> endOfHold;
     bool isEnding = false;
     bool isLoading = false;
+    bool isStopped = false;
+    /// What ended with the process of a page that was stopped while this one was not seen.
+    QUrl urlWhenSeen;
     bool isReportingStatus = false;
     /// Whether the document of the load that began last has told its id.
     bool isDocumentKnown = false;

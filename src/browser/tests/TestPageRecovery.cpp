@@ -36,7 +36,8 @@ private Q_SLOTS:
         KillEngine(browser);
         const QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
         QTRY_COMPARE(failed.count(), 1);
-        QTRY_COMPARE(Text(QStringLiteral("document.title")), QStringLiteral("Page not shown"));
+        QTRY_COMPARE(Text(QStringLiteral("document.title")),
+                     QStringLiteral("This page cannot be shown"));
         QVERIFY(Text(QStringLiteral("document.body.innerText"))
                     .contains(QStringLiteral("failed on it twice")));
         QCOMPARE(complete.count(), 1);

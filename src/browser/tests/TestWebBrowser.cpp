@@ -118,7 +118,7 @@ private:
             if (!loaded.wait(BrowserFixture::waitTime))
                 return false;
         }
-        return Text(QStringLiteral("document.title")) == QLatin1String("Page not shown");
+        return Text(QStringLiteral("document.title")) == QLatin1String("This page cannot be shown");
     }
 
     void MissingPageIsTold(const QString &address)

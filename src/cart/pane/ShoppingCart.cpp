@@ -49,6 +49,8 @@ ShoppingCart::ShoppingCart(const Parts &parts, const PagePrinter::SetUp &setUp, 
     , afterEdit(new AfterPage(*wbShoppingCart))
 {
     wbShoppingCart->setObjectName(QStringLiteral("wbShoppingCart"));
+    wbShoppingCart->SetTextLookup(
+        [this](const QString &key) { return this->parts.controller.GetText(key); });
     auto *const rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);

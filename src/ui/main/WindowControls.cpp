@@ -105,6 +105,7 @@ void WindowControls::AddTabs(const Parts &parts)
     tabMain->setStyleSheet(TabStyle());
     wbMain = new WebBrowser(parts.profile);
     wbMain->setObjectName(QStringLiteral("wbMain"));
+    wbMain->SetTextLookup(parts.contactServices.getText);
     tabMain->addTab(wbMain, QStringLiteral("Produkte"));
     tabMain->addTab(CategoriesPage(), QStringLiteral("Kategorien"));
     ucShoppingCart = new ShoppingCart(
