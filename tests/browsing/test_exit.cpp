@@ -3,6 +3,7 @@
 #include "support/Dialogs.h"
 #include "support/EngineTest.h"
 #include "support/SampleCatalogue.h"
+#include "support/WaitUntil.h"
 #include "ui/main/MainMenu.h"
 
 #include <QAction>
@@ -68,6 +69,23 @@ private Q_SLOTS:
                                                    QTest::mouseClick(Button(box, QMessageBox::Yes),
                                                                      Qt::LeftButton);
                                                }}));
+        QVERIFY(!catalogue.Window().isVisible());
+    }
+
+    void testClosingWithYesEndsTheProgram()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        QTimer::singleShot(0, this, [&] {
+            QVERIFY(CatalogueWindow::AnswerDialogs([&] { catalogue.Window().close(); },
+                                                   {PressButton(QMessageBox::Yes)}));
+        });
+        // Without the end that the closing brings about, the program would run on to this one.
+        constexpr int stillRunning = 99;
+        QTimer limit;
+        connect(&limit, &QTimer::timeout, &limit, [] { QApplication::exit(stillRunning); });
+        limit.start(WaitLimit);
+        QCOMPARE(QApplication::exec(), 0);
         QVERIFY(!catalogue.Window().isVisible());
     }
 

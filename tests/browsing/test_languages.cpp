@@ -1,5 +1,6 @@
 #include "browser/WebBrowser.h"
 #include "support/CatalogueWindow.h"
+#include "support/Dialogs.h"
 #include "support/EngineTest.h"
 #include "support/SampleCatalogue.h"
 #include "support/ShownPage.h"
@@ -50,11 +51,17 @@ private Q_SLOTS:
     void testMenuAndLabelChooseALanguageAlike()
     {
         CatalogueWindow catalogue(SampleCatalogue);
+        // Of each language the ground of its button, as it is painted, and the tick of its entry.
         const auto highlight = [&] {
             QString marks;
-            for (size_t i = 0; i < 5; ++i)
-                marks += QString::number(catalogue.Window().header->btnLang[i]->isChecked()) +
-                         QString::number(catalogue.Window().menus->mLanguageSelect[i]->isChecked());
+            for (size_t i = 0; i < 5; ++i) {
+                const QImage button = catalogue.Window().header->btnLang[i]->grab().toImage();
+                const QColor ground = button.pixelColor(3, button.height() / 2);
+                marks += ground == QColor(0xE0, 0xE0, 0xE0)   ? u'1'
+                         : ground == QColor(0xFF, 0xFF, 0xFF) ? u'0'
+                                                              : u'?';
+                marks += QString::number(catalogue.Window().menus->mLanguageSelect[i]->isChecked());
+            }
             return marks;
         };
         QCOMPARE(highlight(), QStringLiteral("0011000000"));
@@ -67,6 +74,22 @@ private Q_SLOTS:
         QTest::mouseClick(catalogue.Window().header->btnLang[3], Qt::LeftButton);
         QCOMPARE(highlight(), QStringLiteral("0000001100"));
         QCOMPARE(catalogue.GetController().Languages().CurrentCode(), QStringLiteral("sp"));
+    }
+
+    void testMenuKeepsTheLanguageAndRefillsThePage()
+    {
+        CatalogueWindow catalogue(SampleCatalogue);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        const CategoryNode *const leaf = FindLongLeaf(catalogue);
+        ClickInTree(catalogue, leaf);
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
+        const QString english = leaf->text;
+        MainMenu &menus = *catalogue.Window().menus;
+        ChooseFromMenu(catalogue, menus.mLanguage, menus.mLanguageSelect[3]);
+        QVERIFY(leaf->text != english);
+        QVERIFY(WaitUntil([&] { return ShownCaption(catalogue) == leaf->text; }));
+        QCOMPARE(catalogue.GetRegistry().RegGetString(SettingsKey, QStringLiteral("Location")),
+                 QStringLiteral("Spanish"));
     }
 
     void testLanguageChangeRefillsThePageBehindAJump()

@@ -5,13 +5,18 @@
 #include "support/UserActions.h"
 #include "support/WaitUntil.h"
 #include "ui/main/CategoryTreeView.h"
+#include "ui/main/HeaderBand.h"
+#include "ui/main/LogoButton.h"
 #include "ui/main/MainMenu.h"
 #include "ui/main/PageProtocol.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QMenu>
 #include <QTabWidget>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace Tesk;
 
@@ -22,6 +27,24 @@ class TestPages final : public QObject
 
 private:
     std::unique_ptr<CatalogueWindow> catalogue;
+
+    /// A leaf with products on the third level, not the only one there.
+    const CategoryNode *DeepLeaf() const
+    {
+        for (const auto &node : catalogue->Window().Tree().Nodes()) {
+            const CategoryNode *const parent = node->parent;
+            if (!node->HasChildren() && parent != nullptr && parent->parent != nullptr &&
+                parent->children.size() > 1 && parent->children.front() == node.get() &&
+                catalogue->GetController().Queries().QueryProductsOfCategory(node->tag).HasData())
+                return node.get();
+        }
+        return nullptr;
+    }
+
+    bool IsExpanded(const CategoryNode *node) const
+    {
+        return catalogue->Window().TreeViewCategories->ItemOf(node)->isExpanded();
+    }
 
 private Q_SLOTS:
     void init()
@@ -146,18 +169,74 @@ private Q_SLOTS:
 
     void testNewNodeTakesTheBoldAndThePathOfTheOld()
     {
+        const CategoryNode *const old = DeepLeaf();
+        QVERIFY(old != nullptr);
         const auto &nodes = catalogue->Window().Tree().Nodes();
-        const CategoryNode *const first = nodes.front()->children.front();
-        const CategoryNode *const second = nodes.back().get();
+        const auto found = std::find_if(nodes.begin(), nodes.end(), [old](const auto &node) {
+            return node->HasChildren() && node->parent == nullptr &&
+                   node.get() != old->parent->parent;
+        });
+        QVERIFY(found != nodes.end());
+        const CategoryNode *const next = found->get();
         CategoryTreeView *const tree = catalogue->Window().TreeViewCategories;
-        ClickInTree(*catalogue, first);
-        QVERIFY(tree->IsBold(first));
-        QVERIFY(tree->ItemOf(first->parent)->isExpanded());
-        ClickInTree(*catalogue, second);
-        QVERIFY(!tree->IsBold(first));
-        QVERIFY(!tree->ItemOf(first->parent)->isExpanded());
-        QVERIFY(tree->IsBold(second));
-        QVERIFY(second->parent == nullptr || tree->ItemOf(second->parent)->isExpanded());
+        ClickInTree(*catalogue, old);
+        QVERIFY(tree->IsBold(old));
+        QVERIFY(IsExpanded(old->parent) && IsExpanded(old->parent->parent));
+        tree->ItemOf(next)->setExpanded(false);
+
+        ClickInTree(*catalogue, next);
+        QVERIFY(!tree->IsBold(old));
+        QVERIFY(!IsExpanded(old->parent) && !IsExpanded(old->parent->parent));
+        QVERIFY(tree->IsBold(next));
+        QVERIFY(IsExpanded(next));
+    }
+
+    void testCommonPartOfTwoPathsStaysExpanded()
+    {
+        const CategoryNode *const leaf = DeepLeaf();
+        const CategoryNode *const parent = leaf->parent;
+        const CategoryNode *const sibling = parent->children.back();
+        QVERIFY(sibling != leaf);
+        CategoryTreeView *const tree = catalogue->Window().TreeViewCategories;
+        ClickInTree(*catalogue, leaf);
+        ClickInTree(*catalogue, sibling);
+        QVERIFY(tree->IsBold(sibling) && !tree->IsBold(leaf));
+        QVERIFY(IsExpanded(parent) && IsExpanded(parent->parent));
+        // The way up folds what lies below.
+        ClickInTree(*catalogue, parent->parent);
+        QVERIFY(IsExpanded(parent->parent));
+        QVERIFY(!IsExpanded(parent));
+    }
+
+    void testTitleTellsTheVersion()
+    {
+        QFile file(SampleCatalogue + QLatin1String("/version"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString version = QString::fromLatin1(file.readLine()).trimmed();
+        QVERIFY(!version.isEmpty());
+        QCOMPARE(catalogue->Window().windowTitle(),
+                 QStringLiteral("Tesk Instruments Catalog | Version ") + version);
+    }
+
+    void testLogoLeadsHome()
+    {
+        ClickInTree(*catalogue, DeepLeaf());
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("product_list.html")));
+        frmCatalog &window = catalogue->Window();
+        window.ShowCartTab();
+        ClickOn(window.header->imgLogo);
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("content/welcome.html")));
+        QCOMPARE(window.tabMain->currentIndex(), int(frmCatalog::ProductsTab));
+        QCOMPARE(window.lblStatus->text(),
+                 catalogue->GetController().GetText(QStringLiteral("defaultStatusBar")));
+    }
+
+    void testLineIsRed()
+    {
+        auto *const line = catalogue->Window().findChild<QWidget *>(QStringLiteral("Line1"));
+        QVERIFY(line != nullptr && line->isVisible());
+        const QImage picture = line->grab().toImage();
+        QCOMPARE(picture.pixelColor(picture.rect().center()), QColor(219, 39, 28));
     }
 
     void testStatusTextOutlivesTheMenus()

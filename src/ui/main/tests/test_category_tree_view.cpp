@@ -67,9 +67,14 @@ private Q_SLOTS:
 
     void testExpandAndCollapseReachTheTop()
     {
+        view->ExpandNodePath(Node("503"));
+        QVERIFY(Item("501")->isExpanded());
+        QVERIFY(Item("502")->isExpanded());
         view->CollapseNodePath(Node("503"));
         QVERIFY(!Item("501")->isExpanded());
-        view->ExpandNodePath(Node("503"));
+        QVERIFY(!Item("502")->isExpanded());
+        QVERIFY(Item("504")->isExpanded());
+        view->ExpandNodePath(Node("502"));
         QVERIFY(Item("501")->isExpanded());
         QVERIFY(Item("502")->isExpanded());
     }
