@@ -9,12 +9,13 @@
 namespace Tesk {
 namespace {
 
-/// A key held down is pressed once.
+/// A press of the user's. A key held down is pressed once. Qt makes key events of its own too,
+/// which may go to what is being destroyed.
 bool IsPress(const QEvent &event)
 {
-    return event.type() == QEvent::MouseButtonPress ||
-           (event.type() == QEvent::KeyPress &&
-            !static_cast<const QKeyEvent &>(event).isAutoRepeat());
+    return event.spontaneous() && (event.type() == QEvent::MouseButtonPress ||
+                                   (event.type() == QEvent::KeyPress &&
+                                    !static_cast<const QKeyEvent &>(event).isAutoRepeat()));
 }
 
 } // namespace
