@@ -3,8 +3,8 @@
 #include "about/ProgramInfo.h"
 #include "about/RegistryKeys.h"
 #include "base/Errors.h"
-#include "base/PlainMessageBox.h"
 #include "core/CatalogueVersion.h"
+#include "widgets/PlainMessageBox.h"
 
 #include <QBoxLayout>
 #include <QFileInfo>

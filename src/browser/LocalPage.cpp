@@ -1,9 +1,9 @@
 #include "browser/LocalPage.h"
 
-#include "base/PlainMessageBox.h"
 #include "browser/Log.h"
 #include "browser/PagePermissions.h"
 #include "browser/RequestGate.h"
+#include "widgets/PlainMessageBox.h"
 
 #include <QCoreApplication>
 #include <QInputDialog>

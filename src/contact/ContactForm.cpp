@@ -3,6 +3,7 @@
 #include "contact/CheckList.h"
 #include "core/Registry.h"
 #include "core/queries/Trim.h"
+#include "widgets/FieldColour.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -28,9 +29,6 @@ constexpr int InstTypeCount = 4;
 constexpr int RequestInfoCount = 13;
 constexpr int RequestInfoColumns = 2;
 constexpr int ContactOverCount = 3;
-
-constexpr QColor ValidField(255, 255, 255);
-constexpr QColor FaultyField(255, 200, 200);
 
 // Pixels.
 constexpr int ColumnGap = 24;
@@ -63,25 +61,9 @@ QString OneLine(QString text)
     return text;
 }
 
-void SetBackground(QLineEdit *field, const QColor &colour)
-{
-    QPalette colours;
-    colours.setColor(QPalette::Base, colour);
-    // Both backgrounds are light, also where the desktop's text is.
-    colours.setColor(QPalette::Text, Qt::black);
-    field->setPalette(colours);
-}
-
 bool IsFilled(const QLineEdit *field)
 {
     return !IsEmpty(OneLine(field->text()));
-}
-
-/// A field that was found empty is in order again as soon as it is filled.
-void ClearMendedField(QLineEdit *field)
-{
-    if (field->palette().color(QPalette::Base) == FaultyField && IsFilled(field))
-        SetBackground(field, ValidField);
 }
 
 QLabel *AddHint(QBoxLayout *rows, QWidget *parent, const QString &name)
@@ -191,7 +173,11 @@ void ContactForm::BuildLine(QGridLayout *grid, const ContactField &field)
     lines.push_back({field, label, control});
     if (!field.isMandatory)
         return;
-    connect(control, &QLineEdit::textEdited, this, [control] { ClearMendedField(control); });
+    // A field that was found empty is in order again as soon as it is filled.
+    connect(control, &QLineEdit::textEdited, this, [control] {
+        if (ShowsFieldError(control) && IsFilled(control))
+            ShowFieldError(control, false);
+    });
     auto *const marker = new QLabel(QStringLiteral("*"), this);
     marker->setObjectName(QStringLiteral("MandatoryFieldMarker"));
     grid->addWidget(marker, grid->rowCount() - 1, MarkerColumn);
@@ -299,7 +285,7 @@ QWidget *ContactForm::Validate()
         if (!line.field.isMandatory)
             continue;
         const bool isFaulty = !IsFilled(line.control);
-        SetBackground(line.control, isFaulty ? FaultyField : ValidField);
+        ShowFieldError(line.control, isFaulty);
         if (isFaulty && !firstFaulty)
             firstFaulty = line.control;
     }

@@ -1,6 +1,6 @@
 #include "core/FileDialog.h"
 
-#include "base/PlainMessageBox.h"
+#include "widgets/PlainMessageBox.h"
 
 #include <QCoreApplication>
 #include <QDir>

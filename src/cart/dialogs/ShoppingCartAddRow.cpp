@@ -3,9 +3,9 @@
 #include "base/Errors.h"
 #include "base/Numbers.h"
 #include "cart/dialogs/AmountText.h"
-#include "cart/dialogs/FieldColour.h"
 #include "core/CatalogueQueries.h"
 #include "core/queries/ArtNr.h"
+#include "widgets/FieldColour.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -1,12 +1,12 @@
 #include "cart/dialogs/frmShoppingCartAdd.h"
 
 #include "cart/dialogs/DialogMargin.h"
+#include "widgets/PlainMessageBox.h"
 
 #include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QShowEvent>
 
@@ -201,8 +201,7 @@ void frmShoppingCartAdd::Report(const QString &message, QLineEdit *next)
 {
     isReporting = true;
     auto *const box =
-        new QMessageBox(QMessageBox::NoIcon, windowTitle(), message, QMessageBox::Ok, this);
-    box->setTextFormat(Qt::PlainText);
+        new PlainMessageBox(QMessageBox::NoIcon, windowTitle(), message, QMessageBox::Ok, this);
     box->setAttribute(Qt::WA_DeleteOnClose);
     connect(box, &QDialog::finished, this, [this, next] {
         if (next)

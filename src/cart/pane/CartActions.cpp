@@ -6,8 +6,7 @@
 #include "contact/dlgContactOrder.h"
 #include "contact/dlgContactRequest.h"
 #include "core/Controller.h"
-
-#include <QMessageBox>
+#include "widgets/PlainMessageBox.h"
 
 namespace Tesk {
 
@@ -49,10 +48,9 @@ bool CartActions::AddManually()
 
 bool CartActions::Empty()
 {
-    QMessageBox box(QMessageBox::Question, DeleteTitle,
-                    controller.GetText(QStringLiteral("mShoppingCartDeleteConfirm")),
-                    QMessageBox::Yes | QMessageBox::No, pane.window());
-    box.setTextFormat(Qt::PlainText);
+    PlainMessageBox box(QMessageBox::Question, DeleteTitle,
+                        controller.GetText(QStringLiteral("mShoppingCartDeleteConfirm")),
+                        QMessageBox::Yes | QMessageBox::No, pane.window());
     if (box.exec() != QMessageBox::Yes)
         return false;
     controller.GetShoppingCart().Clear();

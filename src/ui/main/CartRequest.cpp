@@ -5,8 +5,8 @@
 #include "cart/dialogs/frmShoppingCartAmount.h"
 #include "core/Controller.h"
 #include "ui/main/CartRequestText.h"
+#include "widgets/PlainMessageBox.h"
 
-#include <QMessageBox>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
@@ -47,8 +47,7 @@ void CartRequest::AskAndAdd(const QString &id)
                                 ? controller.GetText(QStringLiteral("ucShoppingCartAddSuccess1"))
                                 : controller.GetText(QStringLiteral("ucShoppingCartAddSuccess2"))
                                       .replace(QLatin1String("{0}"), QString::number(amount));
-    QMessageBox box(QMessageBox::NoIcon, QString(), message, QMessageBox::Ok, owner);
-    box.exec();
+    PlainMessageBox(QMessageBox::NoIcon, QString(), message, QMessageBox::Ok, owner).exec();
 }
 
 } // namespace Tesk

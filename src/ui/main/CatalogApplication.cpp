@@ -2,8 +2,8 @@
 
 #include "about/ProgramInfo.h"
 #include "base/Errors.h"
-#include "base/PlainMessageBox.h"
 #include "ui/main/Log.h"
+#include "widgets/PlainMessageBox.h"
 
 #include <QScopeGuard>
 #include <QTimer>

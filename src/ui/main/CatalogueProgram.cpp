@@ -1,7 +1,6 @@
 #include "ui/main/CatalogueProgram.h"
 
 #include "base/Errors.h"
-#include "base/PlainMessageBox.h"
 #include "browser/LocalProfile.h"
 #include "contact/ContactServices.h"
 #include "contact/LastContact.h"
@@ -9,6 +8,7 @@
 #include "core/Controller.h"
 #include "core/Registry.h"
 #include "ui/main/frmCatalog.h"
+#include "widgets/PlainMessageBox.h"
 
 #include <QApplication>
 #include <QDir>

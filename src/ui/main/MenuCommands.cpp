@@ -1,11 +1,11 @@
 #include "ui/main/MenuCommands.h"
 
 #include "about/frmAbout.h"
-#include "base/PlainMessageBox.h"
 #include "contact/dlgContact.h"
 #include "core/Controller.h"
 #include "core/FileDialog.h"
 #include "ui/main/MainMenu.h"
+#include "widgets/PlainMessageBox.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "cart/dialogs/FieldColour.h"
+#include "widgets/FieldColour.h"
 
 #include <QPalette>
 #include <QWidget>
@@ -18,6 +18,11 @@ void ShowFieldError(QWidget *field, bool isError)
     colours.setColor(QPalette::Base, isError ? InError : InOrder);
     colours.setColor(QPalette::Text, Qt::black);
     field->setPalette(colours);
+}
+
+bool ShowsFieldError(const QWidget *field)
+{
+    return field->palette().color(QPalette::Base) == InError;
 }
 
 } // namespace Tesk
