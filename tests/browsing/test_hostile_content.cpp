@@ -87,6 +87,14 @@ QByteArray EachTitle(const QByteArray &html)
     return sql;
 }
 
+/// Lets no page that hangs wait long for its end, until one has ended.
+void LosePatienceOnce(CatalogueWindow &catalogue)
+{
+    PageWatch &watch = PageWatch::Of(catalogue.Window().wbMain->View()->page()->profile());
+    watch.SetPatience({.interval = std::chrono::milliseconds{20}, .leaving = 5});
+    QObject::connect(&watch, &PageWatch::ProcessEnds, &watch, [&watch] { watch.SetPatience({}); });
+}
+
 } // namespace
 
 /// A catalogue whose texts hold markup of every kind, in the real window.
@@ -100,6 +108,7 @@ private Q_SLOTS:
     void testTextsOfTheCatalogueReachNothing();
     void testTextsOfTheCartReachNothing();
     void testWindowLivesBesideAProductThatHangs();
+    void testCartOutlivesAProductThatHangs();
     void testFloodOfCartRequestsEnds();
 
 private:
@@ -252,12 +261,40 @@ void TestHostileContent::testWindowLivesBesideAProductThatHangs()
     menu->close();
     const CategoryNode *const leaf = FindLongLeaf(catalogue);
     ClickInTree(catalogue, leaf);
-    PageWatch &watch = PageWatch::Of(catalogue.Window().wbMain->View()->page()->profile());
-    watch.SetPatience({.interval = std::chrono::milliseconds{20}, .leaving = 5});
-    connect(&watch, &PageWatch::ProcessEnds, &watch, [&watch] { watch.SetPatience({}); });
+    LosePatienceOnce(catalogue);
     QVERIFY(WaitUntil([&] { return log.Has(Gate, {QStringLiteral("runs without end")}); }));
     QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
     QVERIFY(RowCount(catalogue) > 0);
+}
+
+// The two pages share the engine's process.
+void TestHostileContent::testCartOutlivesAProductThatHangs()
+{
+    CatalogueWindow catalogue(Catalogue());
+    QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+    catalogue.GetController().AddProductToCart(qint16{3}, 1, QString());
+    const auto shows = [](const char *amount) {
+        return QStringLiteral("document.querySelector('#fld_0')?.value == %1")
+            .arg(QLatin1String(amount));
+    };
+    CartTab cart(catalogue);
+    QVERIFY(cart.Open());
+    QVERIFY(cart.Page().WaitFor(QStringLiteral("shopping_cart.html"), shows("1")));
+    QVERIFY(cart.Page().TypeInto(QStringLiteral("#fld_0"), QStringLiteral("8")));
+    cart.Page().PressKey(Qt::Key_Tab);
+    const clsShoppingCart &items = catalogue.GetController().GetShoppingCart();
+    QVERIFY(WaitUntil([&] { return items.Entries().At(0)->Amount == 8; }));
+
+    const LogCapture log;
+    ShowDetails(catalogue, HangingId);
+    QVERIFY(WaitUntil([&] { return log.Has("tesk.browser.page", {QStringLiteral("hangs")}); }));
+    LosePatienceOnce(catalogue);
+    QVERIFY(cart.Open());
+    QVERIFY(log.Has(Gate, {QStringLiteral("runs without end")}));
+    QVERIFY(cart.Page().WaitFor(QStringLiteral("shopping_cart.html"), shows("8")));
+    QVERIFY(cart.Page().TypeInto(QStringLiteral("#fld_0"), QStringLiteral("9")));
+    cart.Page().PressKey(Qt::Key_Tab);
+    QVERIFY(WaitUntil([&] { return items.Entries().At(0)->Amount == 9; }));
 }
 
 void TestHostileContent::testFloodOfCartRequestsEnds()
