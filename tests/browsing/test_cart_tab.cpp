@@ -163,8 +163,7 @@ private Q_SLOTS:
         const auto captions = [&] {
             return cart.Page()
                 .Evaluate(QStringLiteral("[...document.querySelectorAll('.prodCaption')]"
-                                         ".map(cell => cell.innerText.trim())"),
-                          PageUser::PollLimit)
+                                         ".map(cell => cell.innerText.trim())"))
                 .toStringList();
         };
         QCOMPARE(captions(),

@@ -23,8 +23,6 @@ namespace {
 
 /// A window that needs longer is stuck, on a loaded machine and under a sanitizer too.
 constexpr int Patience = 60000; // milliseconds
-/// Of a page that just came to rest, for what it has reported.
-constexpr int AnswerPatience = 5000; // milliseconds
 
 template <typename Type, typename Condition>
 bool AnyOf(const QObject *parent, Condition condition)
@@ -107,7 +105,7 @@ void MonkeySession::Rest()
                   static_cast<int>(deadline.remainingTime()));
         // What the pages have reported comes before their answer.
         for (WebBrowser *const browser : {&Page(), &CartPage()})
-            PageUser(*browser).Evaluate(QStringLiteral("0"), AnswerPatience);
+            PageUser(*browser).Evaluate(QStringLiteral("0"), Patience);
     } while (!WhatIsUnderWay().isEmpty() && !deadline.hasExpired());
     const QString reason = WhatIsUnderWay();
     if (!reason.isEmpty())
@@ -127,7 +125,7 @@ void MonkeySession::CheckCart()
         held = CartModel::LinesOf(catalogue.GetController().GetShoppingCart());
         return held == expected;
     };
-    if (!WaitUntil(isHeld, AnswerPatience))
+    if (!WaitUntil(isHeld, Patience))
         findings.Fail(QStringLiteral("the cart holds\n%1\nin place of\n%2")
                           .arg(held.join(u'\n'), expected.join(u'\n')));
 }
@@ -148,12 +146,12 @@ void MonkeySession::CheckCartPage()
                               "[...document.querySelectorAll('#list tr.contListRow')].map(row =>"
                               " row.querySelector('.amountField')?.value + '|' +"
                               " row.querySelector('.catField')?.value)"),
-                          AnswerPatience)
+                          Patience)
                 .toStringList();
         return shown == expected ||
                !CartPage().Address().contains(QLatin1String("shopping_cart.html"));
     };
-    if (!WaitUntil(isShown, AnswerPatience))
+    if (!WaitUntil(isShown, Patience))
         findings.Fail(QStringLiteral("the cart's page shows\n%1\nin place of\n%2")
                           .arg(shown.join(u'\n'), expected.join(u'\n')));
 }

@@ -41,8 +41,7 @@ std::optional<PageHand::Element> PageHand::OneOf(const QString &selector, Dice &
                                "})([...document.querySelectorAll(\"%2\")]"
                                " .filter(e => e.getClientRects().length > 0))")
                     .arg(number)
-                    .arg(selector),
-                PageUser::PollLimit)
+                    .arg(selector))
             .toList();
     if (answer.size() != 3 || !IsInSight())
         return std::nullopt;

@@ -4,7 +4,6 @@
 #include "cart/pane/ShoppingCart.h"
 #include "support/CatalogueWindow.h"
 #include "support/UserActions.h"
-#include "support/WaitUntil.h"
 
 #include <QPushButton>
 #include <QTabBar>
@@ -17,6 +16,11 @@ namespace {
 const QString CartPage = QStringLiteral("shopping_cart.html");
 const QString OrderForm = QStringLiteral("order_form.html");
 
+const QString LinesOfThePage = QStringLiteral(
+    "[...document.querySelectorAll('#list tr.contListRow')].map(row =>"
+    " [...row.cells].map(cell => (cell.querySelector('input')?.value ?? cell.innerText)"
+    "  .replace(/\\s+/g, ' ').trim()).filter(text => text !== '').join('|'))");
+
 } // namespace
 
 CartTab::CartTab(CatalogueWindow &catalogue)
@@ -26,10 +30,14 @@ CartTab::CartTab(CatalogueWindow &catalogue)
 
 bool CartTab::Open()
 {
-    return page.WaitForPageAfter(CartPage, [this] {
+    const bool isOpen = page.WaitForPageAfter(CartPage, [this] {
         QTabBar *const tabs = catalogue.Window().tabMain->tabBar();
         ClickOn(tabs, tabs->tabRect(frmCatalog::CartTab).center());
     });
+    if (!isOpen)
+        qWarning("The cart does not come; tab %d is shown.",
+                 catalogue.Window().tabMain->currentIndex());
+    return isOpen;
 }
 
 bool CartTab::IsCurrent() const
@@ -49,14 +57,7 @@ void CartTab::Press(const char *button)
 
 QStringList CartTab::Lines()
 {
-    return page
-        .Evaluate(
-            QStringLiteral(
-                "[...document.querySelectorAll('#list tr.contListRow')].map(row =>"
-                " [...row.cells].map(cell => (cell.querySelector('input')?.value ?? cell.innerText)"
-                "  .replace(/\\s+/g, ' ').trim()).filter(text => text !== '').join('|'))"),
-            PageUser::PollLimit)
-        .toStringList();
+    return page.Evaluate(LinesOfThePage).toStringList();
 }
 
 bool CartTab::WaitForLines(const QStringList &expected)
@@ -71,23 +72,18 @@ bool CartTab::WaitForOrderForm(const QStringList &expected)
 
 bool CartTab::WaitForText(const QString &text)
 {
-    return WaitUntil([&] {
-        return page.Evaluate(QStringLiteral("document.getElementById('list')?.innerText"),
-                             PageUser::PollLimit)
-                   .toString()
-                   .trimmed() == text;
-    });
+    return page.WaitForValue(
+        QString(), QStringLiteral("document.getElementById('list')?.innerText"),
+        [&](const QVariant &shown) { return shown.toString().trimmed() == text; });
 }
 
 bool CartTab::WaitForLines(const QString &addressPart, const QStringList &expected)
 {
-    WebBrowser *const browser = catalogue.Window().ucShoppingCart->Browser();
-    const bool isShown = WaitUntil(
-        [&] { return browser->Address().contains(addressPart) && Lines() == expected; }, 5000);
+    const bool isShown = page.WaitForValue(addressPart, LinesOfThePage, [&](const QVariant &lines) {
+        return lines.toStringList() == expected;
+    });
     if (!isShown)
-        qWarning().noquote() << "The page" << browser->Address() << "shows\n"
-                             << Lines().join(u'\n') << "\nin place of\n"
-                             << expected.join(u'\n');
+        qWarning().noquote() << "Expected were\n" << expected.join(u'\n');
     return isShown;
 }
 

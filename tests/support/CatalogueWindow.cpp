@@ -5,13 +5,33 @@
 #include "support/WaitUntil.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
+#include <QDialog>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
 
 namespace Tesk {
+
+namespace {
+
+/// Closes a dialog that got no answer, or did not take it, and says which.
+void CloseUnanswered(QWidget *dialog)
+{
+    const auto *const box = qobject_cast<const QMessageBox *>(dialog);
+    qWarning().noquote() << "The dialog" << dialog->metaObject()->className()
+                         << dialog->windowTitle() << (box ? box->text() : QString())
+                         << "stays open and is closed.";
+    if (auto *const modal = qobject_cast<QDialog *>(dialog))
+        modal->reject();
+    else
+        dialog->close();
+}
+
+} // namespace
 
 CatalogueWindow::CatalogueWindow(const QString &applicationDirectory, const QString &language,
                                  const QLocale &userLocale)
@@ -76,13 +96,28 @@ bool CatalogueWindow::AnswerDialogs(const std::function<void()> &action,
     size_t answered = 0;
     QWidget *const before = QApplication::activeModalWidget();
     QPointer<QWidget> last = before;
+    QPointer<QWidget> seen = before;
+    QDeadlineTimer patience;
+    bool isLate = false;
     QTimer poll;
     poll.setInterval(5);
     // A dialog runs an event loop of its own, inside of which the next one cannot open yet: so each
     // is met by a tick of this timer, and the answer only acts and returns.
     QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
         QWidget *const dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr || dialog == last || answered == answers.size())
+        if (dialog == nullptr || dialog == before)
+            return;
+        if (dialog != seen) {
+            seen = dialog;
+            patience.setRemainingTime(WaitLimit);
+        }
+        // What waits for a dialog to close waits inside of its loop, without an end of its own.
+        if (isLate || patience.hasExpired()) {
+            isLate = true;
+            CloseUnanswered(dialog);
+            return;
+        }
+        if (dialog == last || answered == answers.size())
             return;
         // Keys go to the widget with the focus, which is the page's until the dialog is active.
         const QWidget *const focus = QApplication::focusWidget();
@@ -90,11 +125,17 @@ bool CatalogueWindow::AnswerDialogs(const std::function<void()> &action,
             return;
         last = dialog;
         answers[answered++](dialog);
+        patience.setRemainingTime(WaitLimit);
     });
     poll.start();
     action();
-    return WaitUntil(
-        [&] { return answered == answers.size() && QApplication::activeModalWidget() == before; });
+    const bool isDone = WaitUntil([&] {
+        return isLate ||
+               (answered == answers.size() && QApplication::activeModalWidget() == before);
+    });
+    if (!isDone)
+        qWarning("%zu of %zu dialogs were answered.", answered, answers.size());
+    return isDone && !isLate;
 }
 
 bool CopyApplicationDirectory(const QString &source, const QString &target)

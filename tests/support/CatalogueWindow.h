@@ -56,8 +56,8 @@ public:
     using DialogAnswer = std::function<void(QWidget *dialog)>;
 
     /// Runs `action` and gives each modal dialog that opens then, one after the other, to the next
-    /// of the answers, which must close it. False when a dialog stays out or stays open. An answer
-    /// may do the same for what opens above its own dialog.
+    /// of the answers, which must close it. False when a dialog stays out or stays open; one that
+    /// stays open is closed. An answer may do the same for what opens above its own dialog.
     static bool AnswerDialogs(const std::function<void()> &action,
                               const std::vector<DialogAnswer> &answers);
 

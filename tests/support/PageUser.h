@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/WaitUntil.h"
+
 #include <QPoint>
 #include <QString>
 #include <QVariant>
@@ -16,24 +18,22 @@ class WebBrowser;
 class PageUser final
 {
 public:
-    /// Long enough for an answer of a page that stays, in milliseconds.
-    static constexpr int PollLimit = 300;
-
     /// `browser` outlives the object.
     explicit PageUser(WebBrowser &browser);
 
-    /// The value of a script expression on the page shown.
-    QVariant Evaluate(const QString &expression);
-    /// The same, but an answer that takes longer than `limit` milliseconds is given up: a page that
-    /// is just being left takes it along.
-    QVariant Evaluate(const QString &expression, int limit);
+    /// The value of a script expression on the page shown; on the next one where that is just being
+    /// left. Invalid when none comes within `limit` milliseconds.
+    QVariant Evaluate(const QString &expression, int limit = WaitLimit);
+    /// Whether the expression gets a wanted value on a page whose address contains `addressPart`.
+    bool WaitForValue(const QString &addressPart, const QString &expression,
+                      const std::function<bool(const QVariant &)> &isWanted, int limit = WaitLimit);
     /// Whether the expression becomes true on a page whose address contains `addressPart`.
     bool WaitFor(const QString &addressPart, const QString &expression);
     /// Runs the action and waits until a page has completed after it; whether its address contains
     /// `addressPart`.
     bool WaitForPageAfter(const QString &addressPart, const std::function<void()> &action);
     /// Waits until the page has drawn its present state.
-    void WaitForPaint();
+    bool WaitForPaint();
 
     /// Clicks the middle of the first element that matches, with the mouse. False without one.
     bool Click(const QString &selector);
@@ -44,9 +44,11 @@ public:
     bool TypeInto(const QString &selector, const QString &text);
     /// Presses a key where the focus is in the page.
     void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// The middle of the first element that matches, in the view's measure. The element is in sight
+    /// then.
+    std::optional<QPoint> PlaceOf(const QString &selector);
 
 private:
-    std::optional<QPoint> PlaceOf(const QString &selector);
     QWidget *Target() const;
 
     WebBrowser &browser;

@@ -3,31 +3,15 @@
 #include "browser/LocalProfile.h"
 #include "browser/WebBrowser.h"
 #include "support/EngineProcess.h"
+#include "support/PageUser.h"
 #include "support/PdfFiles.h"
 #include "support/WaitUntil.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QPrinter>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
 #include <QVBoxLayout>
-#include <QWebEngineView>
 
 namespace Tesk {
-
-namespace {
-
-constexpr int PollLimit = 300; // milliseconds
-
-QString Quoted(const QString &text)
-{
-    return QString::fromUtf8(QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact)) +
-           QStringLiteral("[0]");
-}
-
-} // namespace
 
 PaneWindow::PaneWindow(const QString &language, const QString &applicationDirectory)
     : registry(folder.filePath(QStringLiteral("settings.json")))
@@ -58,7 +42,7 @@ PaneWindow::PaneWindow(const QString &language, const QString &applicationDirect
         return true;
     });
     QObject::connect(pane->findChild<PagePrinter *>(), &PagePrinter::Finished, pane,
-                     [this] { ++finishedPrints; });
+                     [this](PrintEnd end) { ends.append(end); });
     auto *const layout = new QVBoxLayout(window.get());
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(pane);
@@ -80,20 +64,19 @@ QStringList PaneWindow::Lines()
     return Cart().Serialize().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
 }
 
-// A page that is just being left takes its answer along, so a question asked again and again must
-// not wait long for any one answer.
+PageUser PaneWindow::Page()
+{
+    return PageUser(*pane->Browser());
+}
+
 QVariant PaneWindow::Evaluate(const QString &expression)
 {
-    const auto answer = std::make_shared<std::optional<QVariant>>();
-    pane->Browser()->RunScript(expression, [answer](const QVariant &value) { *answer = value; });
-    WaitUntil([&] { return answer->has_value(); }, PollLimit);
-    return answer->value_or(QVariant());
+    return Page().Evaluate(expression);
 }
 
 bool PaneWindow::WaitFor(const QString &expression)
 {
-    return WaitUntil(
-        [&] { return Evaluate(QStringLiteral("Boolean(%1)").arg(expression)).toBool(); });
+    return Page().WaitFor(QString(), expression);
 }
 
 bool PaneWindow::WaitForPageAfter(const std::function<void()> &action, const QString &addressEnd)
@@ -118,64 +101,32 @@ bool PaneWindow::ShowCart()
 
 bool PaneWindow::WaitForFrames()
 {
-    Evaluate(QStringLiteral("window.isDrawn = false; requestAnimationFrame(() =>"
-                            " requestAnimationFrame(() => { window.isDrawn = true; }))"));
-    return WaitFor(QStringLiteral("window.isDrawn"));
+    return Page().WaitForPaint();
 }
 
 bool PaneWindow::WaitForReports()
 {
-    bool isAnswered = false;
-    const auto answer = std::make_shared<bool>(false);
-    pane->Browser()->RunScript(QStringLiteral("0"), [answer](const QVariant &) { *answer = true; });
-    isAnswered = WaitUntil([&] { return *answer; });
-    return isAnswered;
+    return Evaluate(QStringLiteral("0")).isValid();
 }
 
 std::optional<QPoint> PaneWindow::PlaceOf(const QString &selector)
 {
-    const QVariantList place =
-        Evaluate(QStringLiteral("(() => { const e = document.querySelector(%1);"
-                                " if (!e) return [];"
-                                " e.scrollIntoView({ block: 'nearest' });"
-                                " const r = e.getBoundingClientRect();"
-                                " return [r.left + r.width / 2, r.top + r.height / 2] })()")
-                     .arg(Quoted(selector)))
-            .toList();
-    if (place.size() != 2)
-        return std::nullopt;
-    return QPoint(qRound(place[0].toDouble()), qRound(place[1].toDouble()));
+    return Page().PlaceOf(selector);
 }
 
 bool PaneWindow::Click(const QString &selector)
 {
-    const std::optional<QPoint> place = PlaceOf(selector);
-    if (!place)
-        return false;
-    QWidget *const target = pane->Browser()->View()->focusProxy();
-    QTest::mouseMove(target, *place);
-    QTest::mouseClick(target, Qt::LeftButton, {}, *place);
-    return true;
+    return Page().Click(selector);
 }
 
 bool PaneWindow::Type(const QString &selector, const QString &text)
 {
-    const QString focused = QStringLiteral("document.activeElement === document.querySelector(%1)")
-                                .arg(Quoted(selector));
-    if (!Click(selector) || !WaitFor(focused))
-        return false;
-    Press(Qt::Key_A, Qt::ControlModifier);
-    Press(Qt::Key_Delete);
-    for (const char32_t character : text.toUcs4())
-        QTest::sendKeyEvent(QTest::Click, pane->Browser()->View()->focusProxy(), Qt::Key_unknown,
-                            QString::fromUcs4(&character, 1), Qt::NoModifier);
-    return WaitFor(QStringLiteral("document.querySelector(%1).value === %2")
-                       .arg(Quoted(selector), Quoted(text)));
+    return Page().TypeInto(selector, text);
 }
 
 void PaneWindow::Press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
-    QTest::keyClick(pane->Browser()->View()->focusProxy(), key, modifiers);
+    Page().PressKey(key, modifiers);
 }
 
 void PaneWindow::KillEngine()
@@ -195,7 +146,12 @@ bool PaneWindow::IsEnabled(const char *name)
 
 bool PaneWindow::WaitForPrints(int count)
 {
-    return WaitUntil([&] { return finishedPrints == count; });
+    return WaitForEnds(QList<PrintEnd>(count, PrintEnd::Printed));
+}
+
+bool PaneWindow::WaitForEnds(const QList<PrintEnd> &expected)
+{
+    return WaitUntil([&] { return ends.size() >= expected.size(); }) && ends == expected;
 }
 
 QString PaneWindow::PrintedText()

@@ -22,6 +22,8 @@ class QPushButton;
 
 namespace Tesk {
 
+class PageUser;
+
 /// The cart pane in a window of its own on the sample catalogue, with settings of its own, driven
 /// as a person would drive it. Prints go into a file, mails into a list.
 class PaneWindow final
@@ -59,7 +61,7 @@ public:
     /// Whether all that the page reported so far has been handled.
     bool WaitForReports();
 
-    /// The middle of the first element that matches, in the page's own measure.
+    /// The middle of the first element that matches, in the view's measure.
     std::optional<QPoint> PlaceOf(const QString &selector);
     /// Clicks the middle of the first element that matches. False without one.
     bool Click(const QString &selector);
@@ -79,8 +81,10 @@ public:
     QString PrintedFile() const { return PathOf(QStringLiteral("print.pdf")); }
     /// Their text (PdfFiles.h).
     QString PrintedText();
-    /// Whether this many prints have ended.
+    /// Whether this many prints have ended, each on its sheets.
     bool WaitForPrints(int count);
+    /// Whether the prints have ended like this.
+    bool WaitForEnds(const QList<PrintEnd> &expected);
 
     QList<QByteArray> mails;
     int printCount = 0;
@@ -92,13 +96,15 @@ public:
     Registry registry;
 
 private:
+    PageUser Page();
+
     MailSender mailSender;
     std::unique_ptr<Controller> controller;
     QObject profileOwner;
     std::unique_ptr<HtmlBuilder> builder;
     std::unique_ptr<QWidget> window;
     ShoppingCart *pane = nullptr;
-    int finishedPrints = 0;
+    QList<PrintEnd> ends;
 };
 
 } // namespace Tesk

@@ -273,14 +273,14 @@ void TestPaneFailures::testEngineThatFailsInAPrintEndsItWithoutAMessage()
         pane->Pane().OnPrint();
         QVERIFY(WaitUntil([&] { return !texts.isEmpty(); }));
         QVERIFY(pane->WaitForPageAfter([&] { pane->KillEngine(); }, CartPage));
-        QVERIFY(pane->WaitForPrints(1));
+        QVERIFY(pane->WaitForEnds({PrintEnd::EngineFailed}));
         QVERIFY(pane->WaitForReports());
     }
     QVERIFY(!QFile::exists(pane->PrintedFile()));
     QCOMPARE(pane->Lines(), before);
     QVERIFY(IsUsable());
     pane->Pane().OnPrint();
-    QVERIFY(pane->WaitForPrints(2));
+    QVERIFY(pane->WaitForEnds({PrintEnd::EngineFailed, PrintEnd::Printed}));
     QVERIFY(pane->PrintedText().contains(QStringLiteral("AB 10/115")));
 }
 
@@ -290,11 +290,11 @@ void TestPaneFailures::testPrinterThatFailsEndsThePrintWithoutAMessage()
     const DialogDriver driver({Unexpected("a message")});
     QTest::ignoreMessage(QtWarningMsg, LineOfAFailedPrint);
     Click("btnPrint");
-    QVERIFY(pane->WaitForPrints(1));
+    QVERIFY(pane->WaitForEnds({PrintEnd::PrinterFailed}));
     QVERIFY(pane->WaitForReports());
     QVERIFY(QDir().rmdir(pane->PrintedFile()));
     Click("btnPrint");
-    QVERIFY(pane->WaitForPrints(2));
+    QVERIFY(pane->WaitForEnds({PrintEnd::PrinterFailed, PrintEnd::Printed}));
     QVERIFY(pane->PrintedText().contains(QStringLiteral("AB 10/115")));
 }
 
