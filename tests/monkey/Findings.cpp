@@ -6,6 +6,7 @@ namespace Tesk {
 
 void Findings::Begin(int number, const QString &action)
 {
+    hasFound.reset();
     actions.push_back(QStringLiteral("%1: %2").arg(number).arg(action));
     if (actions.size() > MostSteps)
         actions.pop_front();
@@ -19,6 +20,12 @@ void Findings::Note(const QString &step)
         actions.back() += QLatin1String(" | ") + step;
     if (isPrinting)
         std::printf("    %s\n", qPrintable(step));
+}
+
+void Findings::NoteFound(const QString &what)
+{
+    hasFound = hasFound.value_or(false) || !what.isEmpty();
+    Note(what);
 }
 
 QStringList Findings::LastActions() const

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <deque>
+#include <optional>
 
 namespace Tesk {
 
@@ -17,6 +18,11 @@ public:
     void Begin(int number, const QString &action);
     /// Something within the action, such as an answer to its dialog.
     void Note(const QString &step);
+
+    /// What the action was looking for was there, unless `what` is empty.
+    void NoteFound(const QString &what);
+    /// Whether the action has looked for something, and whether it was there.
+    std::optional<bool> HasFound() const { return hasFound; }
 
     /// The last actions with their notes, oldest first.
     QStringList LastActions() const;
@@ -37,6 +43,7 @@ public:
 private:
     std::deque<QString> actions;
     QStringList failures;
+    std::optional<bool> hasFound;
     int expectedErrors = 0;
     bool isPrinting = false;
 };

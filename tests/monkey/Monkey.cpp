@@ -18,6 +18,10 @@ namespace {
 /// One of so many actions is followed by the next at once.
 constexpr int Haste = 4;
 
+/// Who has looked so often for something should have found it once.
+constexpr int ManyLooks = 100;
+constexpr quint32 ManyActions = 1000;
+
 } // namespace
 
 Monkey::Monkey(const QString &applicationDirectory, quint32 seed)
@@ -50,12 +54,27 @@ void Monkey::Take(quint32 number)
     if (!session.findings.Failures().isEmpty())
         return;
     session.findings.Begin(static_cast<int>(number), QLatin1String(action.name));
-    ++counts[QLatin1String(action.name)];
     session.dialogs.Begin(seed, number);
     action.act(session, dice);
     session.dialogs.End();
+    Count &count = counts[QLatin1String(action.name)];
+    const std::optional<bool> hasFound = session.findings.HasFound();
+    ++count.taken;
+    count.looked += hasFound ? 1 : 0;
+    count.found += hasFound.value_or(false) ? 1 : 0;
     if (!isHasty)
         session.Rest();
+}
+
+void Monkey::CheckFinds(quint32 taken)
+{
+    for (const auto &[name, count] : counts) {
+        if (count.looked >= ManyLooks && count.found == 0)
+            session.findings.Fail(
+                QStringLiteral("\"%1\" found nothing %2 times").arg(name).arg(count.looked));
+    }
+    if (taken >= ManyActions && session.dialogs.Answered() == 0)
+        session.findings.Fail(QStringLiteral("no dialog was answered"));
 }
 
 void Monkey::Leave()
@@ -79,6 +98,8 @@ bool Monkey::Run(int count)
     while (taken < static_cast<quint32>(count) && findings.Failures().isEmpty())
         Take(++taken);
     if (findings.Failures().isEmpty())
+        CheckFinds(taken);
+    if (findings.Failures().isEmpty())
         Leave();
     return Report(taken, clock.elapsed());
 }
@@ -93,8 +114,12 @@ bool Monkey::Report(quint32 taken, qint64 milliseconds) const
             std::fprintf(stderr, "WRONG: %s\n", qPrintable(failure));
         std::fprintf(stderr, "Again: monkey --seed %u --actions %u\n", seed, taken);
     }
-    for (const auto &[name, count] : counts)
-        std::printf("%6d  %s\n", count, qPrintable(name));
+    for (const auto &[name, count] : counts) {
+        std::printf("%6d  %s", count.taken, qPrintable(name));
+        if (count.looked > 0)
+            std::printf(" (%d of %d found)", count.found, count.looked);
+        std::printf("\n");
+    }
     std::printf("seed %u: %u actions in %.1f s (%.1f a second), %d dialogs answered, %lld mails, "
                 "%lld lines in the cart\n",
                 seed, taken, static_cast<double>(milliseconds) / 1000,

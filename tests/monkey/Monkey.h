@@ -24,6 +24,8 @@ public:
 private:
     const MonkeyAction &Choose(Dice &dice) const;
     void Take(quint32 number);
+    /// An area of the window that is never found is not tried out.
+    void CheckFinds(quint32 taken);
     void Leave();
     bool Report(quint32 taken, qint64 milliseconds) const;
 
@@ -31,7 +33,14 @@ private:
     MonkeySession session;
     std::vector<MonkeyAction> actions;
     int weights = 0;
-    std::map<QString, int> counts;
+    struct Count
+    {
+        int taken = 0;
+        int looked = 0;
+        int found = 0;
+    };
+
+    std::map<QString, Count> counts;
 };
 
 } // namespace Tesk

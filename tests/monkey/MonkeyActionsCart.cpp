@@ -41,7 +41,7 @@ QString OneId(MonkeySession &session, const char *cssClass, Dice &dice)
 /// Types into the field; the result is false when it holds that text already.
 bool Type(MonkeySession &session, const QString &id, const QString &text)
 {
-    session.findings.Note(id + QStringLiteral(" = ") + text);
+    session.findings.Note(text);
     const QString before =
         session.cart.Page()
             .Evaluate(QStringLiteral("document.getElementById('%1').value").arg(id))
@@ -86,6 +86,7 @@ void EditAmount(MonkeySession &session, Dice &dice)
         return;
     const QString id = OneId(session, "amountField", dice);
     const RandomTexts::Amount &amount = RandomTexts::AnyAmount(dice);
+    session.findings.NoteFound(id);
     if (id.isEmpty())
         return;
     if (Type(session, id, amount.text))
@@ -99,6 +100,7 @@ void EditCategory(MonkeySession &session, Dice &dice)
         return;
     const QString id = OneId(session, "catField", dice);
     const QString text = RandomTexts::OfKeys(dice);
+    session.findings.NoteFound(id);
     if (id.isEmpty())
         return;
     if (Type(session, id, text))
@@ -110,7 +112,7 @@ void DeleteLine(MonkeySession &session, Dice &dice)
 {
     if (!OpenCart(session))
         return;
-    session.findings.Note(
+    session.findings.NoteFound(
         PageHand(session.CartPage()).ClickOneOf(QStringLiteral("a[href*='delItem']"), dice));
 }
 
@@ -118,7 +120,7 @@ void OpenProduct(MonkeySession &session, Dice &dice)
 {
     if (!OpenCart(session))
         return;
-    session.findings.Note(
+    session.findings.NoteFound(
         PageHand(session.CartPage()).ClickOneOf(QStringLiteral("#list td[onclick]"), dice));
 }
 

@@ -24,23 +24,23 @@ PageHand HandOn(MonkeySession &session)
 
 void ClickElement(MonkeySession &session, Dice &dice)
 {
-    session.findings.Note(HandOn(session).ClickOneOf(Clickable, dice));
+    session.findings.NoteFound(HandOn(session).ClickOneOf(Clickable, dice));
 }
 
 void ClickCartSymbol(MonkeySession &session, Dice &dice)
 {
-    session.findings.Note(HandOn(session).ClickOneOf(CartSymbols, dice));
+    session.findings.NoteFound(HandOn(session).ClickOneOf(CartSymbols, dice));
 }
 
 void Hover(MonkeySession &session, Dice &dice)
 {
-    session.findings.Note(HandOn(session).HoverOneOf(QStringLiteral("td, img"), dice));
+    session.findings.NoteFound(HandOn(session).HoverOneOf(QStringLiteral("td, img"), dice));
 }
 
 void ClickRight(MonkeySession &session, Dice &dice)
 {
     PageHand hand = HandOn(session);
-    session.findings.Note(hand.ClickOneOf(QStringLiteral("td, p"), dice, Qt::RightButton));
+    session.findings.NoteFound(hand.ClickOneOf(QStringLiteral("td, p"), dice, Qt::RightButton));
 }
 
 void ClickAnywhere(MonkeySession &session, Dice &dice)
