@@ -19,15 +19,13 @@ namespace {
 
 Q_LOGGING_CATEGORY(settingsLog, "tesk.settings")
 
-/// How long a write waits for another program's, and how often it looks. Both take a few
-/// milliseconds.
-constexpr int LockMilliseconds = 1000;
+/// How often a write looks whether another program's has ended.
 constexpr int LookMilliseconds = 5;
 
 /// The class's own waiting looks five times in a second, too seldom while others write a lot.
-bool WaitForLock(QLockFile &lock)
+bool WaitForLock(QLockFile &lock, std::chrono::milliseconds patience)
 {
-    const QDeadlineTimer deadline(LockMilliseconds);
+    const QDeadlineTimer deadline(patience);
     while (!lock.tryLock(0)) {
         if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired())
             return false;
@@ -44,8 +42,9 @@ QByteArray BytesOf(const QString &fileName)
 
 } // namespace
 
-SettingsFile::SettingsFile(const QString &name)
+SettingsFile::SettingsFile(const QString &name, std::chrono::milliseconds patience)
     : fileName(name)
+    , patience(patience)
 {}
 
 QJsonObject SettingsFile::Read() const
@@ -60,7 +59,7 @@ void SettingsFile::Update(const std::function<void(QJsonObject &)> &change) cons
         return;
     }
     QLockFile lock(fileName + QLatin1String(".lock"));
-    if (!WaitForLock(lock)) {
+    if (!WaitForLock(lock, patience)) {
         qCWarning(settingsLog) << "The settings cannot be locked for writing:" << fileName;
         return;
     }

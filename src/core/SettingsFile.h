@@ -4,6 +4,7 @@
 #include <QJsonObject>
 #include <QString>
 
+#include <chrono>
 #include <functional>
 
 namespace Tesk {
@@ -13,7 +14,10 @@ namespace Tesk {
 class SettingsFile final
 {
 public:
-    explicit SettingsFile(const QString &name);
+    /// How long a write waits for another program's, which takes a few milliseconds.
+    static constexpr std::chrono::milliseconds UsualPatience{1000};
+
+    explicit SettingsFile(const QString &name, std::chrono::milliseconds patience = UsualPatience);
 
     /// The object as it stands on the disk now; empty when the file is absent, unreadable or
     /// damaged.
@@ -39,6 +43,7 @@ private:
     void Replace(const QJsonObject &root) const;
 
     QString fileName;
+    std::chrono::milliseconds patience;
 };
 
 } // namespace Tesk

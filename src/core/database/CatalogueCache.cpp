@@ -67,13 +67,14 @@ QString CatalogueCache::NoteNameOf(const QString &sourceName) const
     return FileNameOf(sourceName) + QStringLiteral(".checked");
 }
 
-QByteArray CatalogueCache::StampsOf(const QString &sourceName) const
+QByteArray CatalogueCache::StampsOf(const QString &sourceName,
+                                    std::chrono::system_clock::time_point now) const
 {
     if (folder.isEmpty())
         return {};
-    const auto source = StampOf(sourceName);
-    const auto journal = StampOf(JournalOf(sourceName));
-    const auto kept = StampOf(FileNameOf(sourceName));
+    const auto source = StampOf(sourceName, now);
+    const auto journal = StampOf(JournalOf(sourceName), now);
+    const auto kept = StampOf(FileNameOf(sourceName), now);
     if (!source || source->isEmpty() || !journal || !kept || kept->isEmpty())
         return {};
     QByteArray stamps = ImportRules();

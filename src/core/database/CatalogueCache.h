@@ -4,6 +4,8 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <chrono>
+
 namespace Tesk::Database {
 
 /// The folder that keeps imported catalogues, one file for each source path.
@@ -26,8 +28,10 @@ public:
     QString Find(const QString &sourceName, const QByteArray &identity) const;
 
     /// The stamps of the source, its journal and the file of its import, as NoteChecked() keeps
-    /// them in mind. Empty without such a file, or where stamps tell nothing.
-    QByteArray StampsOf(const QString &sourceName) const;
+    /// them in mind. Empty without such a file, or where stamps tell nothing at the time `now`.
+    QByteArray
+    StampsOf(const QString &sourceName,
+             std::chrono::system_clock::time_point now = std::chrono::system_clock::now()) const;
     /// The same file as Find() would find, where nothing has changed since Find() found it; empty
     /// else. Reads no more than the note.
     QString FindChecked(const QString &sourceName, const QByteArray &stamps) const;

@@ -6,13 +6,13 @@
 
 #ifdef Q_OS_LINUX
 #include <cerrno>
-#include <ctime>
 #include <sys/stat.h>
 #endif
 
 namespace Tesk::Database {
 
-std::optional<QByteArray> StampOf(const QString &fileName)
+std::optional<QByteArray> StampOf(const QString &fileName,
+                                  std::chrono::system_clock::time_point now)
 {
 #ifdef Q_OS_LINUX
     // More than what the coarsest file system takes for one moment.
@@ -20,7 +20,7 @@ std::optional<QByteArray> StampOf(const QString &fileName)
     struct stat status = {};
     if (::stat(QFile::encodeName(fileName).constData(), &status) != 0)
         return errno == ENOENT ? std::optional(QByteArray()) : std::nullopt;
-    if (status.st_ctim.tv_sec + youngestAge > std::time(nullptr))
+    if (status.st_ctim.tv_sec + youngestAge > std::chrono::system_clock::to_time_t(now))
         return std::nullopt;
     QByteArray stamp;
     QDataStream stream(&stamp, QIODevice::WriteOnly);
@@ -29,6 +29,7 @@ std::optional<QByteArray> StampOf(const QString &fileName)
     return stamp;
 #else
     Q_UNUSED(fileName)
+    Q_UNUSED(now)
     return std::nullopt;
 #endif
 }
