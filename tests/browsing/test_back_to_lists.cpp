@@ -179,15 +179,6 @@ private Q_SLOTS:
         QCOMPARE(ShownNumbers(), numbers);
     }
 
-    void testACrumbShowsItsPageFromEveryTab()
-    {
-        QVERIFY(OpenList(DissectingScissors));
-        window->tabMain->setCurrentIndex(frmCatalog::CategoriesTab);
-        Q_EMIT window->ucBreadcrumb->OnCrumbSelect(
-            QStringLiteral("product_list.html?firstItem=1&id=") + DissectingScissors);
-        QCOMPARE(window->tabMain->currentIndex(), int(frmCatalog::ProductsTab));
-    }
-
 private:
     bool OpenList(const QString &id)
     {

@@ -102,6 +102,29 @@ private Q_SLOTS:
         QVERIFY(WaitUntil([&] { return Captions().size() == 1; }));
     }
 
+    void testCrumbShowsItsPageFromEveryTab_data()
+    {
+        QTest::addColumn<int>("tab");
+        QTest::newRow("categories") << int(frmCatalog::CategoriesTab);
+        QTest::newRow("search") << int(frmCatalog::SearchTab);
+        QTest::newRow("cart") << int(frmCatalog::CartTab);
+    }
+
+    void testCrumbShowsItsPageFromEveryTab()
+    {
+        QFETCH(const int, tab);
+        OpenSearchForm();
+        const CategoryNode *const leaf = DeepLeaf();
+        QVERIFY(WaitForFillAfter(*catalogue, [&] { ClickInTree(*catalogue, leaf); }));
+        QCOMPARE(ShownCaption(*catalogue), leaf->text);
+        ClickOnTab(tab);
+        const QString caption = Captions()[1];
+        QVERIFY(caption != leaf->text);
+        ClickOn(Shown()[1]);
+        QCOMPARE(catalogue->Window().tabMain->currentIndex(), int(frmCatalog::ProductsTab));
+        QVERIFY(WaitUntil([&] { return ShownCaption(*catalogue) == caption; }));
+    }
+
     void testLeavingTheSearchFormTellsOfThePageAgain_data()
     {
         QTest::addColumn<int>("tab");

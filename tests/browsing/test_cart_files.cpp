@@ -137,7 +137,9 @@ private Q_SLOTS:
     {
         QVERIFY(cart->Open());
         QVERIFY(cart->WaitForLines({Own}));
-        QVERIFY(Answer("btnLoad", {Cancel()}));
+        // The page comes anew.
+        QVERIFY(cart->Page().WaitForPageAfter(QStringLiteral("shopping_cart.html?action=doLoad"),
+                                              [&] { QVERIFY(Answer("btnLoad", {Cancel()})); }));
         QVERIFY(cart->WaitForLines({Own}));
     }
 

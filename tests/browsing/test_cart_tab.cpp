@@ -300,7 +300,11 @@ private Q_SLOTS:
         QVERIFY(cart.WaitForLines({Scissors}));
         for (int round = 0; round < 2; ++round)
             QVERIFY(CatalogueWindow::AnswerDialogs([&] { cart.Press("btnPrint"); }, {Cancel()}));
-        QVERIFY(cart.WaitForLines({Scissors}));
+        QVERIFY(cart.Page().TypeInto(QStringLiteral("#fld_0"), QStringLiteral("9")));
+        cart.Page().PressKey(Qt::Key_Tab);
+        QVERIFY(WaitUntil([&] {
+            return catalogue.GetController().GetShoppingCart().Entries().At(0)->Amount == 9;
+        }));
     }
 
     void testArticlesAddedByTheWindowsOperation()

@@ -1,5 +1,6 @@
 #include "browser/WebBrowser.h"
 #include "core/CategoryTree.h"
+#include "core/SQLiteWrapper.h"
 #include "search/SearchDetail.h"
 #include "support/CatalogueWindow.h"
 #include "support/EngineTest.h"
@@ -32,6 +33,11 @@ constexpr int NoSearch = -1;
 constexpr int AllProducts = 150;
 /// One for each reference number.
 constexpr int AllReferences = 226;
+constexpr int ReferencesToDorvik = 75;
+constexpr int AllScissors = 83;
+/// Of 145 mm.
+constexpr int AllOfTheLength = 8;
+constexpr int ScissorsOfTheLength = 2;
 
 const QString OneProduct = QStringLiteral("TK 10-002-06");
 
@@ -54,6 +60,7 @@ private Q_SLOTS:
     {
         path = folder.filePath(QStringLiteral("app"));
         QVERIFY(CopyWithDatabase(SampleCatalogue, path, QStringLiteral(SAMPLES_DIR "/catalog.db")));
+        CountTheSample();
     }
 
     void init() { Use(QLocale(QLocale::German, QLocale::Germany)); }
@@ -183,8 +190,8 @@ private Q_SLOTS:
         for (const char *const sign : {"'", "%", "_", "\"", ";", " ", "B"})
             QTest::newRow(sign) << QString::fromLatin1(sign) << NoSearch << NoSearch;
         QTest::newRow("''") << QStringLiteral("''") << 0 << 0;
-        QTest::newRow("%%") << QStringLiteral("%%") << AllReferences << 75;
-        QTest::newRow("__") << QStringLiteral("__") << AllReferences << 75;
+        QTest::newRow("%%") << QStringLiteral("%%") << AllReferences << ReferencesToDorvik;
+        QTest::newRow("__") << QStringLiteral("__") << AllReferences << ReferencesToDorvik;
         QTest::newRow("\"\"") << QStringLiteral("\"\"") << 0 << 0;
         QTest::newRow(";;") << QStringLiteral(";;") << 0 << 0;
         // Its blanks go, and what is left is no statement.
@@ -195,7 +202,7 @@ private Q_SLOTS:
         QTest::newRow("Cyrillic") << Cyrillic << 0 << 0;
         QTest::newRow("emoji") << Emoji + Emoji << 0 << 0;
         // Two blanks are long enough, and nothing is left of them to narrow the search.
-        QTest::newRow("blanks") << QStringLiteral("  ") << AllReferences << 75;
+        QTest::newRow("blanks") << QStringLiteral("  ") << AllReferences << ReferencesToDorvik;
     }
 
     void testCompetitionSearch()
@@ -221,9 +228,8 @@ private Q_SLOTS:
         QTest::addColumn<int>("unit");
         QTest::addColumn<int>("alone");
         QTest::addColumn<int>("withScissors");
-        // There are 83 scissors, 2 of them of 145 mm. A length that is not used leaves all of them;
-        // alone it asks for nothing.
-        constexpr int all = 83;
+        // A length that is not used leaves all scissors; alone it asks for nothing.
+        constexpr int all = AllScissors;
         const QLocale german(QLocale::German, QLocale::Germany);
         const QLocale english(QLocale::English, QLocale::UnitedStates);
         const auto row = [](const QLocale &locale, const char *length, int unit, int alone,
@@ -231,8 +237,8 @@ private Q_SLOTS:
             QTest::addRow("%s %s, unit %d", qPrintable(locale.name()), length, unit)
                 << locale << QString::fromLatin1(length) << unit << alone << withScissors;
         };
-        row(german, "14,5", 1, 8, 2);
-        row(english, "14.5", 1, 8, 2);
+        row(german, "14,5", 1, AllOfTheLength, ScissorsOfTheLength);
+        row(english, "14.5", 1, AllOfTheLength, ScissorsOfTheLength);
         // The other notation's decimal mark groups digits, which lengths do not have.
         row(german, "14.5", 1, 0, all);
         row(english, "14,5", 1, 0, all);
@@ -244,9 +250,9 @@ private Q_SLOTS:
             row(locale, "0", 0, 0, all);
             row(locale, "999999999999", 0, 0, all);
             row(locale, "145 mm", 0, 0, all);
-            row(locale, " 145 ", 0, 8, 2);
+            row(locale, " 145 ", 0, AllOfTheLength, ScissorsOfTheLength);
             // An exponent of 0.
-            row(locale, "145e0", 0, 8, 2);
+            row(locale, "145e0", 0, AllOfTheLength, ScissorsOfTheLength);
         }
     }
 
@@ -267,6 +273,43 @@ private Q_SLOTS:
     }
 
 private:
+    /// The figures above, counted row by row.
+    void CountTheSample() const
+    {
+        SQLiteWrapper database{QString()};
+        QVERIFY(database.Open(path + QLatin1String("/catalog.db")));
+        const auto table = [&](const char *sql) { return database.GetTable(QLatin1String(sql)); };
+        const ResultTable products = table("SELECT ID, length FROM products_global");
+        QCOMPARE(products.UpperRow(), AllProducts);
+        std::map<QString, double> lengths;
+        for (qsizetype row = 1; row <= products.UpperRow(); ++row)
+            lengths[products.Text(row, 0)] = products.Text(row, 1).toDouble();
+        const auto hasLength = [](const auto &product) { return product.second == 145; };
+        QCOMPARE(int(std::count_if(lengths.begin(), lengths.end(), hasLength)), AllOfTheLength);
+
+        const ResultTable names = table("SELECT ID, name, lang FROM products_localized");
+        int scissors = 0;
+        int scissorsOfTheLength = 0;
+        for (qsizetype row = 1; row <= names.UpperRow(); ++row) {
+            if (names.Text(row, 2) != QLatin1String("ge") ||
+                !names.Text(row, 1).contains(QLatin1String("Schere"), Qt::CaseInsensitive))
+                continue;
+            ++scissors;
+            scissorsOfTheLength += lengths[names.Text(row, 0)] == 145 ? 1 : 0;
+        }
+        QCOMPARE(scissors, AllScissors);
+        QCOMPARE(scissorsOfTheLength, ScissorsOfTheLength);
+
+        const ResultTable references = table("SELECT ID, sUnternehmen FROM reference_numbers");
+        QCOMPARE(references.UpperRow(), AllReferences);
+        int toDorvik = 0;
+        for (qsizetype row = 1; row <= references.UpperRow(); ++row) {
+            QVERIFY(lengths.contains(references.Text(row, 0)));
+            toDorvik += references.Text(row, 1) == QLatin1String("Dorvik") ? 1 : 0;
+        }
+        QCOMPARE(toDorvik, ReferencesToDorvik);
+    }
+
     /// The window of a user in this locale.
     void Use(const QLocale &locale)
     {
