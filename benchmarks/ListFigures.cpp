@@ -55,7 +55,7 @@ void MeasureLists(const Extent &extent)
 
     RecordingDocument page;
     const auto build = [&](const ResultTable &rows, bool hasSingleProducts) {
-        page.changes.clear();
+        page.calls.clear();
         builder.WriteProductList(page, node->text, rows, 1, category, hasSingleProducts, node);
     };
     const auto queryAndBuild = [&] {

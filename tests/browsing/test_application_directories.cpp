@@ -1,6 +1,7 @@
 #include "base/Errors.h"
 #include "support/CatalogueWindow.h"
 #include "support/EngineTest.h"
+#include "support/Files.h"
 #include "support/SampleCatalogue.h"
 #include "support/ShownPage.h"
 #include "support/UserActions.h"
@@ -92,10 +93,7 @@ private Q_SLOTS:
     {
         QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("twice.txt"));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QVERIFY(file.write("AB 1\t1,00\r\nAB1\t2,00\r\n") > 0);
-        file.close();
+        WriteBytes(path, "AB 1\t1,00\r\nAB1\t2,00\r\n");
         CatalogueWindow catalogue(SampleCatalogue);
         QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
         QString message;

@@ -3,12 +3,12 @@
 #include "support/CatalogueWindow.h"
 #include "support/Dialogs.h"
 #include "support/EngineTest.h"
+#include "support/Files.h"
 #include "support/SampleCatalogue.h"
 #include "support/WaitUntil.h"
 #include "ui/main/MainMenu.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -167,10 +167,9 @@ private:
 
     QString File(const char *name, const QByteArray &bytes) const
     {
-        QFile file(folder.filePath(QLatin1String(name)));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("the test's file cannot be written");
-        return file.fileName();
+        const QString path = folder.filePath(QLatin1String(name));
+        WriteBytes(path, bytes);
+        return path;
     }
 
     QTemporaryDir folder;

@@ -1,7 +1,7 @@
+#include "base/tests/LogCapture.h"
 #include "browser/DialogLimit.h"
 #include "browser/PageWatch.h"
 #include "browser/WebBrowser.h"
-#include "browser/tests/LogCapture.h"
 #include "cart/model/clsShoppingCart.h"
 #include "cart/pane/ShoppingCart.h"
 #include "core/CategoryTree.h"
@@ -145,9 +145,9 @@ void TestHostileContent::initTestCase()
     // The same picture and text inside the application directory and beside it.
     const QByteArray picture = "<svg xmlns='http://www.w3.org/2000/svg' width='321' height='1'/>";
     for (const QString &place : {Catalogue() + QLatin1String("/content"), folder.path()}) {
-        Database::WriteBytes(place + QLatin1String("/canary.svg"), picture);
-        Database::WriteBytes(place + QLatin1String("/canary.html"),
-                             "<script>parent.postMessage(`page ${location}`, '*')</script>");
+        WriteBytes(place + QLatin1String("/canary.svg"), picture);
+        WriteBytes(place + QLatin1String("/canary.html"),
+                   "<script>parent.postMessage(`page ${location}`, '*')</script>");
     }
     Database::WriteVersion3(
         file, WithPlaces(

@@ -3,6 +3,7 @@
 #include "support/CatalogueWindow.h"
 #include "support/Dialogs.h"
 #include "support/EngineTest.h"
+#include "support/Files.h"
 #include "support/SampleCatalogue.h"
 #include "support/ShownPage.h"
 #include "support/UserActions.h"
@@ -170,10 +171,9 @@ private Q_SLOTS:
 private:
     QString File(const QByteArray &bytes, const char *name = "prices.txt") const
     {
-        QFile file(folder->filePath(QLatin1String(name)));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("the price list cannot be written");
-        return file.fileName();
+        const QString path = folder->filePath(QLatin1String(name));
+        WriteBytes(path, bytes);
+        return path;
     }
 
     std::unique_ptr<QTemporaryDir> folder;

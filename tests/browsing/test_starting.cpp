@@ -1,6 +1,7 @@
 #include "browser/Engine.h"
 #include "core/LanguageSupport.h"
 #include "core/Registry.h"
+#include "support/BoxReader.h"
 #include "support/CatalogueWindow.h"
 #include "ui/main/CatalogApplication.h"
 #include "ui/main/CatalogueProgram.h"
@@ -55,28 +56,6 @@ private:
     int terminal = -1;
 };
 
-/// Reads the message boxes that open and says yes to them, one after the other.
-class BoxReader final : public QTimer
-{
-public:
-    BoxReader()
-    {
-        connect(this, &QTimer::timeout, this, [this] {
-            auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            if (box == nullptr)
-                return;
-            texts << box->text();
-            arePlain = arePlain && box->textFormat() == Qt::PlainText;
-            QTest::keyClick(box, Qt::Key_Return);
-        });
-        start(10);
-    }
-
-    QStringList texts;
-    /// Whether none of them is read as markup.
-    bool arePlain = true;
-};
-
 } // namespace
 
 /// From the start of the program to its end.
@@ -121,7 +100,7 @@ private Q_SLOTS:
 
         QCOMPARE(status, EXIT_FAILURE);
         QCOMPARE(boxes.texts.size(), 1);
-        QVERIFY(boxes.arePlain);
+        QVERIFY(boxes.isPlain);
         QVERIFY2(lines.contains(boxes.texts.first()), qPrintable(lines));
         if (message.isEmpty())
             QVERIFY2(boxes.texts.first().contains(file), qPrintable(boxes.texts.first()));
@@ -147,7 +126,7 @@ private Q_SLOTS:
         });
         QCOMPARE(RunCatalogue(catalogue, Settings(), Cache()), EXIT_SUCCESS);
         QCOMPARE(boxes.texts.size(), 2);
-        QVERIFY(boxes.arePlain);
+        QVERIFY(boxes.isPlain);
         QCOMPARE(boxes.texts.first(),
                  QStringLiteral("Price list /nowhere/<i>list.txt can not be found!"));
         QCOMPARE(registry.RegGetString(SettingsKey, QStringLiteral("PriceListPath")), QString());

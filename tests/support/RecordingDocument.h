@@ -2,25 +2,26 @@
 
 #include "browser/HtmlDocument.h"
 
+#include <QStringList>
+
 namespace Tesk {
 
-/// Keeps what is written into a page.
+/// A page without a browser: it keeps what is written to it.
 class RecordingDocument final : public HtmlDocument
 {
 public:
-    void Apply(const QList<ElementChange> &newChanges) override { changes += newChanges; }
+    QList<QList<ElementChange>> calls;
 
-    /// The last value written to the element; null when none was.
-    QString Value(const QString &id) const
-    {
-        for (qsizetype i = changes.size() - 1; i >= 0; --i) {
-            if (changes[i].id == id)
-                return changes[i].value;
-        }
-        return {};
-    }
+    void Apply(const QList<ElementChange> &changes) override { calls.append(changes); }
 
-    QList<ElementChange> changes;
+    /// The changed elements in the order of their changes.
+    QStringList ChangedIds() const;
+    /// The HTML that the element holds at the end; a null text when none was written.
+    QString Html(const QString &id) const;
+    QString Visibility(const QString &id) const;
+
+private:
+    QString Last(const QString &id, ElementChange::Property property) const;
 };
 
 } // namespace Tesk

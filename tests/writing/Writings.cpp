@@ -3,7 +3,7 @@
 #include "MemoryFolder.h"
 
 #include "base/Errors.h"
-#include "base/tests/CaughtLog.h"
+#include "base/tests/LogCapture.h"
 #include "cart/file/ShoppingCartFile.h"
 #include "cart/model/clsShoppingCart.h"
 #include "core/Registry.h"
@@ -46,10 +46,10 @@ public:
     }
     QString Write() override
     {
-        const CaughtLog log;
+        const LogCapture log;
         Registry(fileName).RegSetString(SettingsKey, QStringLiteral("Location"),
                                         QStringLiteral("here"));
-        return CaughtLog::lines.filter(QStringLiteral("cannot be")).join(u'\n');
+        return log.Lines().filter(QStringLiteral("cannot be")).join(u'\n');
     }
     /// What was damaged must not be replaced before it was kept.
     QByteArray State() const override
@@ -110,14 +110,14 @@ public:
     /// The catalogue must open and answer right, kept or not.
     QString Write() override
     {
-        const CaughtLog log;
+        const LogCapture log;
         SQLiteWrapper database(Folder());
         if (!database.Open(source))
             return QStringLiteral("the catalogue does not open");
         const ResultTable table = database.GetTable(QStringLiteral("SELECT x FROM a"));
         if (table.UpperRow() != rowCount || table.Text(rowCount, 0) != text)
             return QStringLiteral("the catalogue answers wrong");
-        return CaughtLog::lines.join(u'\n');
+        return log.Lines().join(u'\n');
     }
     QByteArray State() const override
     {

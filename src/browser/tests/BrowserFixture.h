@@ -4,6 +4,7 @@
 #include "browser/Engine.h"
 #include "browser/LocalProfile.h"
 #include "browser/WebBrowser.h"
+#include "support/Files.h"
 
 #include <QApplication>
 #include <QDir>
@@ -57,9 +58,7 @@ public:
 
     void Write(const QString &name, const QByteArray &content) const
     {
-        QFile file(Path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("a file of the test cannot be written");
+        WriteBytes(Path(name), content);
     }
 
     /// Writes a page into the folder `content` and gives its address.
@@ -95,6 +94,14 @@ public:
         return *result;
     }
 
+    QString Text(const QString &script) { return Evaluate(script).toString(); }
+
+    /// Opens a page without anything particular.
+    bool OpenPlainPage(const QByteArray &html = "<p id=p>plain</p>")
+    {
+        return Open(WritePage(QStringLiteral("plain.html"), html));
+    }
+
     /// Clicks into the middle of an element with the left button.
     void Click(const QString &id)
     {
@@ -123,7 +130,7 @@ private:
 
 /// The main function of a test that needs the engine.
 template <typename Test>
-int RunEngineTest(int argc, char **argv)
+int RunBrowserTest(int argc, char **argv)
 {
     ConfigureEngine();
     QApplication application(argc, argv);

@@ -1,5 +1,5 @@
 #include "BrowserFixture.h"
-#include "LogCapture.h"
+#include "base/tests/LogCapture.h"
 
 #include <QFile>
 #include <QTcpServer>
@@ -316,7 +316,7 @@ private:
 
 int main(int argc, char **argv)
 {
-    return RunEngineTest<TestHostilePages>(argc, argv);
+    return RunBrowserTest<TestHostilePages>(argc, argv);
 }
 
 #include "TestHostilePages.moc"

@@ -1,5 +1,5 @@
 #include "BrowserFixture.h"
-#include "LogCapture.h"
+#include "base/tests/LogCapture.h"
 #include "browser/PageHold.h"
 #include "browser/PageWatch.h"
 #include "support/WaitUntil.h"
@@ -269,7 +269,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    return RunEngineTest<TestHostileScripts>(argc, argv);
+    return RunBrowserTest<TestHostileScripts>(argc, argv);
 }
 
 #include "TestHostileScripts.moc"

@@ -117,7 +117,7 @@ private Q_SLOTS:
         QVERIFY(printer.Print());
         QVERIFY(printer.IsPrinting());
         QVERIFY(printer.Print());
-        QTRY_COMPARE(finished.count(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, BrowserFixture::waitTime);
         QVERIFY(!printer.IsPrinting());
         for (const QString &file : files)
             QCOMPARE(SheetCount(file), PrintFixture::SheetsOfTable);
@@ -206,7 +206,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    return Tesk::RunEngineTest<Tesk::TestPagePrinter>(argc, argv);
+    return Tesk::RunBrowserTest<Tesk::TestPagePrinter>(argc, argv);
 }
 
 #include "TestPagePrinter.moc"

@@ -1,5 +1,5 @@
 #include "BrowserFixture.h"
-#include "LogCapture.h"
+#include "base/tests/LogCapture.h"
 
 #include <QEventLoop>
 
@@ -39,7 +39,7 @@ private Q_SLOTS:
             QStringLiteral("?firstItem=1&id=7");
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.Navigate(address);
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(Arguments(complete), QStringList{address});
         QCOMPARE(browser.Address(), address);
         QCOMPARE(Text(QStringLiteral("location.search")), QStringLiteral("?firstItem=1&id=7"));
@@ -63,7 +63,7 @@ private Q_SLOTS:
     {
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.Navigate(fixture.Member(QStringLiteral("\\Dokumente\\plain.html?x=1")));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(Arguments(complete),
                  QStringList{fixture.Member(QStringLiteral("/Dokumente/plain.html?x=1"))});
         QCOMPARE(fixture.Evaluate(QStringLiteral("relative.naturalWidth")), 1);
@@ -99,7 +99,7 @@ private Q_SLOTS:
             Address::ToUrl(fixture.Member(QStringLiteral("/Dokumente/"))).toEncoded();
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.View()->load(QUrl::fromEncoded(page + page.mid(qstrlen("mk:")) + "next.html"));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(Text(QStringLiteral("document.title")), QStringLiteral("Next"));
     }
 
@@ -126,7 +126,7 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(fixture.Member(QStringLiteral("/Dokumente/plain.html"))));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("next"));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(Arguments(complete),
                  QStringList{fixture.Member(QStringLiteral("/Dokumente/next.html?x=1#there"))});
         QVERIFY(fixture.Evaluate(QStringLiteral("window.scrollY")).toInt() > 1000);
@@ -137,7 +137,7 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(fixture.Member(QStringLiteral("/Dokumente/plain.html"))));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("rootedNext"));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(Arguments(complete),
                  QStringList{fixture.Member(QStringLiteral("/Dokumente/next.html?y=2#there"))});
     }
@@ -149,7 +149,7 @@ private Q_SLOTS:
         for (int round = 0; round < 5; ++round) {
             QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
             browser.Navigate(fixture.Member(QStringLiteral("/Dokumente/welcome_ge.html")));
-            QVERIFY(complete.wait());
+            QVERIFY(complete.wait(BrowserFixture::waitTime));
             QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("welcome"));
             QCOMPARE(Arguments(complete), QStringList{welcome});
         }
@@ -162,11 +162,12 @@ private Q_SLOTS:
             QStringLiteral("frames.html"), "<iframe id=f src='frame.html'></iframe><p>page</p>");
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.Navigate(address);
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         fixture.Evaluate(QStringLiteral("window.framed = false;"
                                         "f.onload = () => { framed = true; };"
                                         "f.src = 'frame.html?again'"));
-        QTRY_VERIFY(fixture.Evaluate(QStringLiteral("framed")).toBool());
+        QTRY_VERIFY_WITH_TIMEOUT(fixture.Evaluate(QStringLiteral("framed")).toBool(),
+                                 BrowserFixture::waitTime);
         QCOMPARE(Arguments(complete), QStringList{address});
     }
 
@@ -177,9 +178,9 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(address + QStringLiteral("?id=1")));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("a"));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         browser.Navigate(address + QStringLiteral("?id=1#anders"));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(Arguments(complete), (QStringList{address + QStringLiteral("?id=1#ziel"),
                                                    address + QStringLiteral("?id=1#anders")}));
         // The document is still the one that was loaded.
@@ -196,8 +197,9 @@ private Q_SLOTS:
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.Navigate(other);
         browser.Navigate(address + QStringLiteral("#ziel"));
-        QTRY_VERIFY(!complete.isEmpty() &&
-                    complete.last().first() == address + QStringLiteral("#ziel"));
+        QTRY_VERIFY_WITH_TIMEOUT(!complete.isEmpty() &&
+                                     complete.last().first() == address + QStringLiteral("#ziel"),
+                                 BrowserFixture::waitTime);
         QCOMPARE(Text(QStringLiteral("location.hash")), QStringLiteral("#ziel"));
     }
 
@@ -207,7 +209,7 @@ private Q_SLOTS:
             QStringLiteral("hash.html"), "<script>location.hash = 'early'</script><p>page</p>");
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.Navigate(address);
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(Text(QStringLiteral("location.hash")), QStringLiteral("#early"));
         QCOMPARE(Arguments(complete), QStringList{address + QStringLiteral("#early")});
     }
@@ -230,7 +232,7 @@ private Q_SLOTS:
                                                               encoded + "?id=12';\">row</p>")));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("row"));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(Arguments(complete), QStringList{target + QStringLiteral("?id=12")});
     }
 
@@ -241,7 +243,7 @@ private Q_SLOTS:
         browser.RunScript(
             QStringLiteral("window.status = 'a:1'; status = 'a:1'; window.status = '';"
                            "self.status = '100%% %s %c ü\\n😀'; window.status = 5"));
-        QTRY_COMPARE(status.count(), 5);
+        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 5, BrowserFixture::waitTime);
         QCOMPARE(Arguments(status),
                  (QStringList{QStringLiteral("a:1"), QStringLiteral("a:1"), QString(),
                               QStringLiteral("100%% %s %c ü\n😀"), QStringLiteral("5")}));
@@ -253,7 +255,7 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("plain.html"), "<p>plain</p>")));
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
         browser.RunScript(QStringLiteral("window.status = 'x'.repeat(200000)"));
-        QTRY_COMPARE(status.count(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 1, BrowserFixture::waitTime);
         QCOMPARE(status.first().first().toString(), QString(200'000, u'x'));
     }
 
@@ -271,9 +273,9 @@ private Q_SLOTS:
         connect(&browser, &WebBrowser::DocumentComplete, &receiver,
                 [&events](const QString &address) { events.append(address); });
         browser.Navigate(page);
-        QTRY_COMPARE(events.size(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(events.size(), 2, BrowserFixture::waitTime);
         browser.RunScript(QStringLiteral("go()"));
-        QTRY_COMPARE(events.size(), 5);
+        QTRY_COMPARE_WITH_TIMEOUT(events.size(), 5, BrowserFixture::waitTime);
         QCOMPARE(events, (QStringList{QStringLiteral("load"), page, QStringLiteral("leave"),
                                       QStringLiteral("gone"), target}));
     }
@@ -283,7 +285,8 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(fixture.Member(QStringLiteral("/Dokumente/plain.html"))));
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
         browser.RunScript(QStringLiteral("window.status = 'shoppingCart:17'"));
-        QTRY_COMPARE(Arguments(status), QStringList{QStringLiteral("shoppingCart:17")});
+        QTRY_COMPARE_WITH_TIMEOUT(Arguments(status), QStringList{QStringLiteral("shoppingCart:17")},
+                                  BrowserFixture::waitTime);
     }
 
     void testScriptLinkSetsTheStatusText()
@@ -295,9 +298,9 @@ private Q_SLOTS:
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("a"));
-        QTRY_COMPARE(status.count(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 1, BrowserFixture::waitTime);
         fixture.Click(QStringLiteral("a"));
-        QTRY_COMPARE(status.count(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 2, BrowserFixture::waitTime);
         QCOMPARE(Arguments(status), (QStringList{QStringLiteral("shoppingCart 1:17"),
                                                  QStringLiteral("shoppingCart 1:17")}));
         QCOMPARE(complete.count(), 0);
@@ -313,7 +316,8 @@ private Q_SLOTS:
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
         browser.RunScript(QStringLiteral("console.log = () => {}; console.log('x');"
                                          "window.status = 'after'"));
-        QTRY_COMPARE(Arguments(status), QStringList{QStringLiteral("after")});
+        QTRY_COMPARE_WITH_TIMEOUT(Arguments(status), QStringList{QStringLiteral("after")},
+                                  BrowserFixture::waitTime);
         QVERIFY(log.Has("tesk.browser.page", {QStringLiteral("broken")}));
     }
 
@@ -330,9 +334,9 @@ private Q_SLOTS:
             }
         });
         browser.RunScript(QStringLiteral("window.status = 'dialog'"));
-        QTRY_COMPARE(texts.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(texts.size(), 1, BrowserFixture::waitTime);
         browser.RunScript(QStringLiteral("window.status = 'after'"));
-        QTRY_COMPARE(texts.size(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(texts.size(), 2, BrowserFixture::waitTime);
         QCOMPARE(texts, (QStringList{QStringLiteral("dialog"), QStringLiteral("after")}));
     }
 
@@ -347,9 +351,9 @@ private Q_SLOTS:
         connect(&browser, &WebBrowser::StatusTextChange, &receiver,
                 [&] { answers.append(Text(QStringLiteral("document.body.innerText"))); });
         browser.Navigate(address);
-        QTRY_COMPARE(answers.size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(answers.size(), 1, BrowserFixture::waitTime);
         browser.RunScript(QStringLiteral("window.status = 'x'"));
-        QTRY_COMPARE(answers.size(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(answers.size(), 2, BrowserFixture::waitTime);
         QCOMPARE(answers, (QStringList{QStringLiteral("plain"), QStringLiteral("plain")}));
     }
 
@@ -377,7 +381,8 @@ private Q_SLOTS:
                         QStringLiteral("<p id=row onclick=\"window.status='row'\">row</p>")}});
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
         fixture.Click(QStringLiteral("row"));
-        QTRY_COMPARE(Arguments(status), QStringList{QStringLiteral("row")});
+        QTRY_COMPARE_WITH_TIMEOUT(Arguments(status), QStringList{QStringLiteral("row")},
+                                  BrowserFixture::waitTime);
     }
 
     void testLargeChangeLands()
@@ -398,7 +403,8 @@ private Q_SLOTS:
                        {QStringLiteral("c"), innerHtml, QStringLiteral("new")}});
         QCOMPARE(Text(QStringLiteral("a.innerHTML + ' ' + c.innerHTML")),
                  QStringLiteral("new old"));
-        QTRY_VERIFY(log.Has("tesk.browser", {QStringLiteral("\"b\""), address}));
+        QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser", {QStringLiteral("\"b\""), address}),
+                                 BrowserFixture::waitTime);
     }
 
     void testChangesAreKeptFromAnotherPage()
@@ -417,7 +423,8 @@ private Q_SLOTS:
             },
             Qt::SingleShotConnection);
         browser.Navigate(address);
-        QTRY_VERIFY(log.Has("tesk.browser", {QStringLiteral("moved on"), address}));
+        QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser", {QStringLiteral("moved on"), address}),
+                                 BrowserFixture::waitTime);
         QCOMPARE(Text(QStringLiteral("a.innerHTML")), QStringLiteral("old"));
     }
 
@@ -430,14 +437,14 @@ private Q_SLOTS:
             inner = Text(QStringLiteral("document.body.innerText"));
             done = true;
         });
-        QTRY_VERIFY(done);
+        QTRY_VERIFY_WITH_TIMEOUT(done, BrowserFixture::waitTime);
         QCOMPARE(inner, QStringLiteral("plain"));
     }
 };
 
 int main(int argc, char **argv)
 {
-    return RunEngineTest<TestPageProtocol>(argc, argv);
+    return RunBrowserTest<TestPageProtocol>(argc, argv);
 }
 
 #include "TestPageProtocol.moc"

@@ -1,5 +1,5 @@
 #include "BrowserFixture.h"
-#include "LogCapture.h"
+#include "base/tests/LogCapture.h"
 #include "browser/DialogLimit.h"
 
 #include <QMessageBox>
@@ -120,7 +120,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    return RunEngineTest<TestPageQuestions>(argc, argv);
+    return RunBrowserTest<TestPageQuestions>(argc, argv);
 }
 
 #include "TestPageQuestions.moc"

@@ -1,5 +1,5 @@
 #include "BrowserFixture.h"
-#include "LogCapture.h"
+#include "base/tests/LogCapture.h"
 #include "browser/LocalPage.h"
 #include "support/EngineProcess.h"
 
@@ -14,34 +14,28 @@ private:
     BrowserFixture fixture;
     WebBrowser &browser = fixture.Browser();
 
-    QString Text(const QString &script) { return fixture.Evaluate(script).toString(); }
-
-    bool OpenPlainPage(const QByteArray &html = "<p id=p>plain</p>")
-    {
-        return fixture.Open(fixture.WritePage(QStringLiteral("plain.html"), html));
-    }
-
 private Q_SLOTS:
     void testPageIsLoadedAgainOnceAfterACrash()
     {
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
         const LogCapture log;
         const QString address = browser.Address();
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         KillEngine(browser);
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(complete.first().first().toString(), address);
         QVERIFY(log.Has("tesk.browser", {QStringLiteral("loaded again"), address}));
 
         KillEngine(browser);
         const QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
-        QTRY_COMPARE(failed.count(), 1);
-        QTRY_COMPARE(Text(QStringLiteral("document.title")),
-                     QStringLiteral("This page cannot be shown"));
-        QVERIFY(Text(QStringLiteral("document.body.innerText"))
+        QTRY_COMPARE_WITH_TIMEOUT(failed.count(), 1, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(fixture.Text(QStringLiteral("document.title")),
+                                  QStringLiteral("This page cannot be shown"),
+                                  BrowserFixture::waitTime);
+        QVERIFY(fixture.Text(QStringLiteral("document.body.innerText"))
                     .contains(QStringLiteral("failed on it twice")));
         QCOMPARE(complete.count(), 1);
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
     }
 
     void testPageThatIsLoadingComesBackAfterACrash_data()
@@ -54,7 +48,7 @@ private Q_SLOTS:
     void testPageThatIsLoadingComesBackAfterACrash()
     {
         QFETCH(const QString, moment);
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
         auto *const page = qobject_cast<LocalPage *>(browser.View()->page());
         const QString address =
             fixture.WritePage(moment + QStringLiteral(".html"),
@@ -81,8 +75,8 @@ private Q_SLOTS:
             loop.exec();
         if (!isKilledBefore)
             KillEngine(browser);
-        QTRY_VERIFY(!texts.isEmpty());
-        QCOMPARE(Text(QStringLiteral("p.innerText")), QStringLiteral("filled"));
+        QTRY_VERIFY_WITH_TIMEOUT(!texts.isEmpty(), BrowserFixture::waitTime);
+        QCOMPARE(fixture.Text(QStringLiteral("p.innerText")), QStringLiteral("filled"));
         QCOMPARE(browser.Address(), address);
         QCOMPARE(failed.count(), 0);
     }
@@ -98,7 +92,7 @@ private Q_SLOTS:
     void testPageAskedForBesideACrashIsShown()
     {
         QFETCH(const bool, isAskedFirst);
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
         const QString address = fixture.WritePage(
             isAskedFirst ? QStringLiteral("before.html") : QStringLiteral("after.html"), "<p>next");
         if (isAskedFirst)
@@ -107,11 +101,11 @@ private Q_SLOTS:
             QWebEnginePage::CrashedTerminationStatus, 1);
         if (!isAskedFirst)
             browser.Navigate(address);
-        QTRY_COMPARE(browser.Address(), address);
-        QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
+        QTRY_COMPARE_WITH_TIMEOUT(browser.Address(), address, BrowserFixture::waitTime);
+        QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
         // Nothing is loaded in its place after it.
         QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("later.html"), "<p>later")));
-        QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("later"));
+        QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("later"));
     }
 
     void testPageThatCameBackAfterACrashIsWrittenAndHeard()
@@ -119,13 +113,13 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("crash.html"), "<p id=p>plain</p>")));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         KillEngine(browser);
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         browser.Apply(
             {{QStringLiteral("p"), ElementChange::Property::InnerHtml, QStringLiteral("written")}});
-        QCOMPARE(Text(QStringLiteral("p.innerText")), QStringLiteral("written"));
+        QCOMPARE(fixture.Text(QStringLiteral("p.innerText")), QStringLiteral("written"));
         QSignalSpy texts(&browser, &WebBrowser::StatusTextChange);
         browser.RunScript(QStringLiteral("window.status = 'heard'"));
-        QVERIFY(texts.wait());
+        QVERIFY(texts.wait(BrowserFixture::waitTime));
         QCOMPARE(texts.first().first().toString(), QStringLiteral("heard"));
         QCOMPARE(complete.count(), 1);
     }
@@ -133,7 +127,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    return RunEngineTest<TestPageRecovery>(argc, argv);
+    return RunBrowserTest<TestPageRecovery>(argc, argv);
 }
 
 #include "TestPageRecovery.moc"

@@ -1,5 +1,5 @@
-#include "LogCapture.h"
 #include "PrintFixture.h"
+#include "base/tests/LogCapture.h"
 #include "support/EngineProcess.h"
 #include "support/PdfFiles.h"
 
@@ -63,7 +63,7 @@ private Q_SLOTS:
         QVERIFY(printer.Print());
         QVERIFY(status.wait(BrowserFixture::waitTime));
         KillEngine(fixture.Browser());
-        QTRY_COMPARE(finished.count(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, BrowserFixture::waitTime);
         for (const QVariantList &print : finished)
             QCOMPARE(print.first().value<PrintEnd>(), PrintEnd::EngineFailed);
         QVERIFY(!printer.IsPrinting());
@@ -87,18 +87,18 @@ private Q_SLOTS:
     void testPageIsLeftOnceItsSheetsAreMade_data()
     {
         QTest::addColumn<bool>("isLink");
-        QTest::addColumn<int>("delay");
-        for (const int delay : {0, 1, 5, 20}) {
-            QTest::addRow("by the program after %d ms", delay) << false << delay;
-            QTest::addRow("by a link after %d ms", delay) << true << delay;
+        QTest::addColumn<QString>("moment");
+        for (const char *const moment : {"at once", "on paper", "on screen"}) {
+            QTest::addRow("by the program, %s", moment) << false << QString::fromLatin1(moment);
+            QTest::addRow("by a link, %s", moment) << true << QString::fromLatin1(moment);
         }
     }
 
-    // The delays only vary what the engine is busy with.
+    // At once, when the page is laid out for the sheets, and when it is again for the screen.
     void testPageIsLeftOnceItsSheetsAreMade()
     {
         QFETCH(const bool, isLink);
-        QFETCH(const int, delay);
+        QFETCH(const QString, moment);
         const QString next = fixture.WritePage(QStringLiteral("next.html"), "<p>next");
         const QString last = fixture.WritePage(QStringLiteral("last.html"), "<p>last");
         QVERIFY(fixture.OpenLongTable());
@@ -110,18 +110,24 @@ private Q_SLOTS:
             else
                 browser.Navigate(address);
         };
+        fixture.Evaluate(QStringLiteral("void matchMedia('print').addListener(print => {"
+                                        " status = print.matches ? 'on paper' : 'on screen' })"));
+        bool isMoment = moment == QLatin1String("at once");
+        QObject watch;
+        connect(&browser, &WebBrowser::StatusTextChange, &watch,
+                [&](const QString &text) { isMoment = isMoment || text == moment; });
         PagePrinter printer(browser, PrintFixture::IntoFile(fixture.Pdf()));
         QSignalSpy finished(&printer, &PagePrinter::Finished);
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
         QVERIFY(printer.Print());
-        QTest::qWait(delay);
+        QVERIFY(QTest::qWaitFor([&] { return isMoment; }, BrowserFixture::waitTime));
         open("next.html", next);
         open("last.html", last);
         QVERIFY(!finished.isEmpty() || finished.wait(BrowserFixture::waitTime));
         QCOMPARE(finished.first().first().value<PrintEnd>(), PrintEnd::Printed);
         QCOMPARE(SheetCount(fixture.Pdf()), PrintFixture::SheetsOfTable);
-        QTRY_COMPARE(browser.Address(), last);
+        QTRY_COMPARE_WITH_TIMEOUT(browser.Address(), last, BrowserFixture::waitTime);
         QCOMPARE(complete.last().first().toString(), last);
         QCOMPARE(failed.count(), 0);
         QCOMPARE(fixture.Evaluate(QStringLiteral("document.body.innerText")),
@@ -194,7 +200,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    return Tesk::RunEngineTest<Tesk::TestPrintEnds>(argc, argv);
+    return Tesk::RunBrowserTest<Tesk::TestPrintEnds>(argc, argv);
 }
 
 #include "TestPrintEnds.moc"

@@ -1,5 +1,5 @@
 #include "BrowserFixture.h"
-#include "LogCapture.h"
+#include "base/tests/LogCapture.h"
 #include "browser/RequestGate.h"
 
 #include <QTcpServer>
@@ -63,7 +63,7 @@ private Q_SLOTS:
         delete server.nextPendingConnection();
         QUdpSocket sender;
         QCOMPARE(sender.writeDatagram("x", QHostAddress::LocalHost, datagrams.localPort()), 1);
-        QTRY_VERIFY(datagrams.hasPendingDatagrams());
+        QTRY_VERIFY_WITH_TIMEOUT(datagrams.hasPendingDatagrams(), BrowserFixture::waitTime);
         datagrams.readDatagram(nullptr, 0);
         QVERIFY(NothingWasHeard());
     }
@@ -130,7 +130,9 @@ private Q_SLOTS:
         QVERIFY(OpenMarkedPage());
         const LogCapture log;
         browser.RunScript(WithHost(script));
-        QTRY_VERIFY(log.Has("tesk.browser.gate", {QStringLiteral("refused"), WithHost(refused)}));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            log.Has("tesk.browser.gate", {QStringLiteral("refused"), WithHost(refused)}),
+            BrowserFixture::waitTime);
         QVERIFY(MarkedPageIsStillThere());
         QVERIFY(NothingWasHeard());
     }
@@ -157,7 +159,9 @@ private Q_SLOTS:
         fixture.Evaluate(
             WithHost(QStringLiteral("b.innerHTML += `<p><a id=a %1>link</a>`; 1").arg(link)));
         fixture.Click(QStringLiteral("a"));
-        QTRY_VERIFY(log.Has("tesk.browser.gate", {QStringLiteral("refused"), WithHost(refused)}));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            log.Has("tesk.browser.gate", {QStringLiteral("refused"), WithHost(refused)}),
+            BrowserFixture::waitTime);
         QVERIFY(MarkedPageIsStillThere());
         QVERIFY(NothingWasHeard());
     }
@@ -168,8 +172,12 @@ private Q_SLOTS:
         const LogCapture log;
         browser.RunScript(WithHost(QStringLiteral("new Image().src = 'http://HOST/p';"
                                                   "fetch('file:///etc/passwd')")));
-        QTRY_VERIFY(log.Has("tesk.browser.gate", {WithHost(QStringLiteral("http://HOST/p"))}));
-        QTRY_VERIFY(log.Has("tesk.browser.gate", {QStringLiteral("file:///etc/passwd")}));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            log.Has("tesk.browser.gate", {WithHost(QStringLiteral("http://HOST/p"))}),
+            BrowserFixture::waitTime);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            log.Has("tesk.browser.gate", {QStringLiteral("file:///etc/passwd")}),
+            BrowserFixture::waitTime);
         QVERIFY(NothingWasHeard());
     }
 
@@ -189,7 +197,8 @@ private Q_SLOTS:
                                "};"
                                "peer.createOffer().then(o => peer.setLocalDescription(o)); 1")
                     .arg(QLatin1String(peer))));
-            QTRY_VERIFY(fixture.Evaluate(QStringLiteral("gathered")).toBool());
+            QTRY_VERIFY_WITH_TIMEOUT(fixture.Evaluate(QStringLiteral("gathered")).toBool(),
+                                     BrowserFixture::waitTime);
             QVERIFY(NothingWasHeard());
         }
     }
@@ -272,7 +281,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    return RunEngineTest<TestRequestGate>(argc, argv);
+    return RunBrowserTest<TestRequestGate>(argc, argv);
 }
 
 #include "TestRequestGate.moc"

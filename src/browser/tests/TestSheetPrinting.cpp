@@ -1,6 +1,6 @@
-#include "LogCapture.h"
 #include "PrintFixture.h"
 #include "base/tests/FileSizeLimit.h"
+#include "base/tests/LogCapture.h"
 #include "browser/PdfPainter.h"
 
 #include <QDir>
@@ -212,7 +212,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    return Tesk::RunEngineTest<Tesk::TestSheetPrinting>(argc, argv);
+    return Tesk::RunBrowserTest<Tesk::TestSheetPrinting>(argc, argv);
 }
 
 #include "TestSheetPrinting.moc"

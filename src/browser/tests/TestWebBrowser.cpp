@@ -1,5 +1,5 @@
 #include "BrowserFixture.h"
-#include "LogCapture.h"
+#include "base/tests/LogCapture.h"
 #include "browser/LocalPage.h"
 
 #include <QAbstractButton>
@@ -104,13 +104,6 @@ private:
     BrowserFixture fixture;
     WebBrowser &browser = fixture.Browser();
 
-    QString Text(const QString &script) { return fixture.Evaluate(script).toString(); }
-
-    bool OpenPlainPage(const QByteArray &html = "<p id=p>plain</p>")
-    {
-        return fixture.Open(fixture.WritePage(QStringLiteral("plain.html"), html));
-    }
-
     bool WaitForFailureMessage()
     {
         QSignalSpy loaded(browser.View()->page(), &QWebEnginePage::loadFinished);
@@ -118,12 +111,13 @@ private:
             if (!loaded.wait(BrowserFixture::waitTime))
                 return false;
         }
-        return Text(QStringLiteral("document.title")) == QLatin1String("This page cannot be shown");
+        return fixture.Text(QStringLiteral("document.title")) ==
+               QLatin1String("This page cannot be shown");
     }
 
     void MissingPageIsTold(const QString &address)
     {
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
         const LogCapture log;
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
@@ -131,8 +125,8 @@ private:
         QVERIFY(WaitForFailureMessage());
         QCOMPARE(failed.count(), 1);
         QCOMPARE(failed.first().first().toString(), address);
-        QVERIFY(Text(QStringLiteral("document.body.innerText")).contains(address));
-        QVERIFY(Text(QStringLiteral("document.body.innerText"))
+        QVERIFY(fixture.Text(QStringLiteral("document.body.innerText")).contains(address));
+        QVERIFY(fixture.Text(QStringLiteral("document.body.innerText"))
                     .contains(QStringLiteral("Its file is missing.")));
         QVERIFY(log.Has("tesk.browser", {address, QStringLiteral("missing")}));
         QCOMPARE(complete.count(), 0);
@@ -155,13 +149,14 @@ private Q_SLOTS:
         MissingPageIsTold(fixture.Page(QStringLiteral("missing.html")));
         const LogCapture log;
         browser.Apply({{QStringLiteral("p"), ElementChange::Property::InnerHtml, QString()}});
-        QTRY_VERIFY(log.Has("tesk.browser", {QStringLiteral("moved on")}));
+        QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser", {QStringLiteral("moved on")}),
+                                 BrowserFixture::waitTime);
     }
 
     // A busy program hears of the begin of a load after all that the page has said.
     void testPageCompletesOnceWhenItsLoadIsReportedLate()
     {
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
         const QString next = fixture.WritePage(QStringLiteral("next.html"), "<p>next</p>");
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         const QSignalSpy loading(browser.View()->page(), &QWebEnginePage::loadingChanged);
@@ -171,19 +166,19 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitFor([&] { return loading.count() == 2; }, BrowserFixture::waitTime));
         QVERIFY(late.HaveBeenHeldBack());
         // What came after the page has been heard.
-        QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
+        QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
         QCOMPARE(complete.count(), 1);
     }
 
     void testPageAfterAFailureCompletes()
     {
         MissingPageIsTold(fixture.Page(QStringLiteral("missing.html")));
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
     }
 
     void testFailureGivesWayToTheNextPage()
     {
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
         const QString address = fixture.WritePage(QStringLiteral("next.html"), "<p>next</p>");
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
@@ -192,9 +187,9 @@ private Q_SLOTS:
             [this, address] { browser.Navigate(address); },
             static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
         browser.Navigate(fixture.Page(QStringLiteral("missing.html")));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(complete.first().first().toString(), address);
-        QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
+        QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
         QCOMPARE(failed.count(), 0);
     }
 
@@ -210,12 +205,12 @@ private Q_SLOTS:
     {
         QFETCH(const QString, address);
         fixture.Write(QStringLiteral("content/archive.zip"), "PK\3\4");
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
         QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
         browser.Navigate(address);
         QVERIFY(failed.wait(BrowserFixture::waitTime));
         QCOMPARE(failed.first().first().toString(), address);
-        QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("plain"));
+        QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("plain"));
     }
 
     void testOpeningTheSameAddressCompletesAgain_data()
@@ -230,7 +225,7 @@ private Q_SLOTS:
     void testOpeningTheSameAddressCompletesAgain()
     {
         QFETCH(const QString, tail);
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
         const QString address = fixture.Page(QStringLiteral("plain.html")) + tail;
         QVERIFY(fixture.Open(address));
         QVERIFY(fixture.Open(address));
@@ -257,9 +252,10 @@ private Q_SLOTS:
             browser.Navigate(first);
             created.exec();
             browser.Navigate(second);
-            QTRY_COMPARE(Text(QStringLiteral("location.pathname.split('/').pop() +"
-                                             " document.getElementById('p')?.innerText")),
-                         QStringLiteral("second.htmlfilled"));
+            QTRY_COMPARE_WITH_TIMEOUT(
+                fixture.Text(QStringLiteral("location.pathname.split('/').pop() +"
+                                            " document.getElementById('p')?.innerText")),
+                QStringLiteral("second.htmlfilled"), BrowserFixture::waitTime);
         }
         disconnect(fill);
     }
@@ -270,10 +266,10 @@ private Q_SLOTS:
                             fixture.Path(QStringLiteral("A 1 ü.pdf"))));
         const QString address =
             QStringLiteral("file://") + fixture.Path(QStringLiteral("A 1 ü.pdf"));
-        QVERIFY(OpenPlainPage("<a id=a href='../A 1 ü.pdf'>sheet</a>"));
+        QVERIFY(fixture.OpenPlainPage("<a id=a href='../A 1 ü.pdf'>sheet</a>"));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("a"));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(complete.first().first().toString(), address);
         // The sheet's page is one red square, shown somewhere on the viewer's grey ground.
         const auto showsRed = [this] {
@@ -291,7 +287,7 @@ private Q_SLOTS:
 
     void testQuestionsComeUnderTheWindowsTitle()
     {
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
         browser.setWindowTitle(QStringLiteral("The catalogue"));
         QString title;
         QString message;
@@ -318,14 +314,15 @@ private Q_SLOTS:
         }
         {
             const DialogVisitor visitor(answer(QMessageBox::Ok));
-            QCOMPARE(Text(QStringLiteral("alert('Not a number'); 'told'")), QStringLiteral("told"));
+            QCOMPARE(fixture.Text(QStringLiteral("alert('Not a number'); 'told'")),
+                     QStringLiteral("told"));
         }
         QCOMPARE(message, QStringLiteral("Not a number"));
     }
 
     void testStatusTextAfterAQuestion()
     {
-        QVERIFY(OpenPlainPage(
+        QVERIFY(fixture.OpenPlainPage(
             "<a id=a href=\"javascript:if(confirm('Delete?')){ window.status='delItem:0' }\">"
             "delete</a>"));
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
@@ -333,28 +330,29 @@ private Q_SLOTS:
             qobject_cast<QMessageBox *>(dialog)->button(QMessageBox::Ok)->click();
         });
         fixture.Click(QStringLiteral("a"));
-        QTRY_COMPARE(status.count(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 1, BrowserFixture::waitTime);
         QCOMPARE(status.first().first().toString(), QStringLiteral("delItem:0"));
     }
 
     void testPromptAnswers()
     {
-        QVERIFY(OpenPlainPage());
+        QVERIFY(fixture.OpenPlainPage());
         const DialogVisitor visitor([](QWidget *dialog) {
             auto *input = qobject_cast<QInputDialog *>(dialog);
             input->setTextValue(input->textValue() + u'!');
             input->accept();
         });
-        QCOMPARE(Text(QStringLiteral("prompt('Name', 'preset')")), QStringLiteral("preset!"));
+        QCOMPARE(fixture.Text(QStringLiteral("prompt('Name', 'preset')")),
+                 QStringLiteral("preset!"));
     }
 
     void testLinkForANewWindowOpensHere()
     {
         const QString target = fixture.WritePage(QStringLiteral("target.html"), "<p>target</p>");
-        QVERIFY(OpenPlainPage("<a id=a target=_blank href=target.html>new</a>"));
+        QVERIFY(fixture.OpenPlainPage("<a id=a target=_blank href=target.html>new</a>"));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("a"));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QCOMPARE(complete.first().first().toString(), target);
     }
 
@@ -362,9 +360,10 @@ private Q_SLOTS:
     {
         const LogCapture log;
         fixture.WritePage(QStringLiteral("popup.html"), "<p>popup</p>");
-        QVERIFY(OpenPlainPage("<p>plain</p><script>window.open('popup.html')</script>"));
-        QTRY_VERIFY(log.Has("tesk.browser.gate", {QStringLiteral("popup.html")}));
-        QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("plain"));
+        QVERIFY(fixture.OpenPlainPage("<p>plain</p><script>window.open('popup.html')</script>"));
+        QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser.gate", {QStringLiteral("popup.html")}),
+                                 BrowserFixture::waitTime);
+        QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("plain"));
         for (const QWidget *widget : QApplication::topLevelWidgets())
             QVERIFY(!widget->isVisible() || widget == browser.window());
     }
@@ -372,24 +371,28 @@ private Q_SLOTS:
     void testMailAddressGoesToTheDesktopOnAClick()
     {
         const MailProgram mail;
-        QVERIFY(OpenPlainPage("<a id=a href='mailto:maker@example.com?subject=x'>mail</a>"));
+        QVERIFY(
+            fixture.OpenPlainPage("<a id=a href='mailto:maker@example.com?subject=x'>mail</a>"));
         fixture.Click(QStringLiteral("a"));
-        QTRY_COMPARE(mail.opened,
-                     QList<QUrl>{QUrl(QStringLiteral("mailto:maker@example.com?subject=x"))});
-        QVERIFY(OpenPlainPage());
+        QTRY_COMPARE_WITH_TIMEOUT(
+            mail.opened, QList<QUrl>{QUrl(QStringLiteral("mailto:maker@example.com?subject=x"))},
+            BrowserFixture::waitTime);
+        QVERIFY(fixture.OpenPlainPage());
     }
 
     void testDownloadIsRefused()
     {
         const LogCapture log;
         fixture.Write(QStringLiteral("content/archive.zip"), "PK\3\4");
-        QVERIFY(OpenPlainPage("<a id=a href=archive.zip>archive</a><a id=b download "
-                              "href=plain.html>page</a>"));
+        QVERIFY(fixture.OpenPlainPage("<a id=a href=archive.zip>archive</a><a id=b download "
+                                      "href=plain.html>page</a>"));
         fixture.Click(QStringLiteral("a"));
-        QTRY_VERIFY(log.Has("tesk.browser.gate", {QStringLiteral("archive.zip")}));
+        QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser.gate", {QStringLiteral("archive.zip")}),
+                                 BrowserFixture::waitTime);
         fixture.Click(QStringLiteral("b"));
-        QTRY_VERIFY(log.Has("tesk.browser.gate", {QStringLiteral("plain.html")}));
-        QCOMPARE(Text(QStringLiteral("a.innerText")), QStringLiteral("archive"));
+        QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser.gate", {QStringLiteral("plain.html")}),
+                                 BrowserFixture::waitTime);
+        QCOMPARE(fixture.Text(QStringLiteral("a.innerText")), QStringLiteral("archive"));
     }
 
     // It was shown, and it stays when the other one is refused.
@@ -408,14 +411,14 @@ private Q_SLOTS:
                 browser.Navigate(second);
         });
         browser.Navigate(first);
-        QTRY_COMPARE(complete, QStringList({first, second}));
+        QTRY_COMPARE_WITH_TIMEOUT(complete, QStringList({first, second}), BrowserFixture::waitTime);
     }
 
     void testPagesTakeTheDesktopsFont()
     {
         QFont font = QApplication::font();
-        QVERIFY(OpenPlainPage("<p id=p>plain</p>"));
-        QCOMPARE(Text(QStringLiteral("getComputedStyle(document.body).fontSize")),
+        QVERIFY(fixture.OpenPlainPage("<p id=p>plain</p>"));
+        QCOMPARE(fixture.Text(QStringLiteral("getComputedStyle(document.body).fontSize")),
                  QStringLiteral("%1px").arg(QFontInfo(font).pixelSize()));
         QCOMPARE(fixture.Profile().settings()->fontFamily(QWebEngineSettings::SansSerifFont),
                  QFontInfo(font).family());
@@ -432,7 +435,7 @@ private Q_SLOTS:
         edit.setFocus();
         QSignalSpy complete(&inside, &WebBrowser::DocumentComplete);
         inside.Navigate(fixture.WritePage(QStringLiteral("focus.html"), "<input autofocus>"));
-        QVERIFY(complete.wait());
+        QVERIFY(complete.wait(BrowserFixture::waitTime));
         QVERIFY(edit.hasFocus());
         inside.setFocus();
         QVERIFY(inside.View()->hasFocus());
@@ -440,7 +443,7 @@ private Q_SLOTS:
 
     void testMenuOffersWhatCanBeDone()
     {
-        QVERIFY(OpenPlainPage("<p id=p>plain</p><input id=i value=text>"));
+        QVERIFY(fixture.OpenPlainPage("<p id=p>plain</p><input id=i value=text>"));
         const auto entriesAt = [this](const QString &id) {
             const QVariantList middle =
                 fixture
@@ -471,7 +474,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    return RunEngineTest<TestWebBrowser>(argc, argv);
+    return RunBrowserTest<TestWebBrowser>(argc, argv);
 }
 
 #include "TestWebBrowser.moc"

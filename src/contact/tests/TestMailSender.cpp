@@ -1,4 +1,4 @@
-#include "base/tests/CaughtLog.h"
+#include "base/tests/LogCapture.h"
 #include "contact/MailSender.h"
 
 #include <QFile>
@@ -220,10 +220,10 @@ private Q_SLOTS:
     void testOpenerThatFindsNoProgramLeavesALine()
     {
         const ReplacedOpener opener("exit 3\n");
-        const CaughtLog log;
+        const LogCapture log;
         MailSender().SendMail(Recipient, QStringLiteral("Secret"), QStringLiteral("Secret"));
-        QTRY_COMPARE(CaughtLog::lines.size(), 1);
-        QCOMPARE(CaughtLog::lines.first(),
+        QTRY_COMPARE(log.Lines().size(), 1);
+        QCOMPARE(log.Lines().first(),
                  QStringLiteral("xdg-open ended with status 3 - no program took the message to "
                                 "mailto:info@maker.example - install a mail program and make it "
                                 "the system's program for mail addresses."));
@@ -236,22 +236,22 @@ private Q_SLOTS:
         const QString ended = folder.filePath(QStringLiteral("ended"));
         const ReplacedOpener opener("while [ ! -e '" + end.toUtf8() +
                                     "' ]; do sleep 0.02; done\n: > '" + ended.toUtf8() + "'\n");
-        const CaughtLog log;
+        const LogCapture log;
         MailSender().SendMail(Recipient, QString(), QString());
         QVERIFY(!QFile::exists(ended));
         QFile file(end);
         QVERIFY(file.open(QIODevice::WriteOnly));
         QTRY_VERIFY(QFile::exists(ended));
-        QCOMPARE(CaughtLog::lines, QStringList());
+        QCOMPARE(log.Lines(), QStringList());
     }
 
     void testMessageTooLongForTheSystemLeavesALine()
     {
         const ReplacedOpener opener("exit 0\n");
-        const CaughtLog log;
+        const LogCapture log;
         MailSender().SendMail(Recipient, QString(), QStringLiteral("Secret ").repeated(30000));
-        QCOMPARE(CaughtLog::lines.size(), 1);
-        const QString line = CaughtLog::lines.first();
+        QCOMPARE(log.Lines().size(), 1);
+        const QString line = log.Lines().first();
         QVERIFY2(line.contains(QStringLiteral("mailto:info@maker.example - the message of 270")) &&
                      line.contains(QStringLiteral("longer")) &&
                      !line.contains(QStringLiteral("Secret")),

@@ -1,8 +1,8 @@
 #include "Expected.h"
 #include "FakePageContext.h"
-#include "RecordingDocument.h"
 #include "Tables.h"
 #include "pages/HtmlBuilder.h"
+#include "support/RecordingDocument.h"
 
 #include <QTest>
 

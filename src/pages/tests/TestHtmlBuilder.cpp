@@ -1,8 +1,8 @@
-#include "RecordingDocument.h"
 #include "core/Controller.h"
 #include "core/Registry.h"
 #include "core/ResultTable.h"
 #include "pages/HtmlBuilder.h"
+#include "support/RecordingDocument.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,9 +1,9 @@
 #include "Expected.h"
 #include "FakePageContext.h"
-#include "RecordingDocument.h"
 #include "Tables.h"
 #include "base/Errors.h"
 #include "pages/HtmlBuilder.h"
+#include "support/RecordingDocument.h"
 
 #include <QTest>
 

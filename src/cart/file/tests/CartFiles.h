@@ -1,30 +1,14 @@
 #pragma once
 
 #include "cart/model/clsShoppingCart.h"
+#include "support/Files.h"
 
-#include <QByteArray>
-#include <QFile>
 #include <QStringList>
 
-#include <stdexcept>
+#include <memory>
 
 /// What the tests of the cart file share.
 namespace Tesk::CartFiles {
-
-inline void WriteBytes(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        throw std::runtime_error("the test's file cannot be written");
-}
-
-inline QByteArray BytesOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("the test's file cannot be read");
-    return file.readAll();
-}
 
 inline ShoppingCartItemList::Item MakeItem(const QString &id, const QString &artNr,
                                            const QString &title, qint16 amount,

@@ -4,8 +4,6 @@
 
 #include <sqlite3.h>
 
-#include <QFile>
-
 #include <stdexcept>
 
 namespace Tesk::Database {
@@ -49,21 +47,6 @@ void WriteVersion3(const QString &fileName, const QByteArray &sql)
 QString SampleFile(const QString &name)
 {
     return QStringLiteral(SAMPLES_DIR "/") + name;
-}
-
-QByteArray BytesOf(const QString &fileName)
-{
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("cannot read " + fileName.toStdString());
-    return file.readAll();
-}
-
-void WriteBytes(const QString &fileName, const QByteArray &bytes)
-{
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        throw std::runtime_error("cannot write " + fileName.toStdString());
 }
 
 QStringList NamesOf(const ResultTable &table)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ResultTable.h"
+#include "support/Files.h"
 
 #include <QByteArray>
 #include <QList>
@@ -24,9 +25,6 @@ void WriteVersion2(const QString &fileName, const QList<Version2Table> &tables);
 void WriteVersion3(const QString &fileName, const QByteArray &sql);
 
 QString SampleFile(const QString &name);
-
-QByteArray BytesOf(const QString &fileName);
-void WriteBytes(const QString &fileName, const QByteArray &bytes);
 
 QStringList NamesOf(const ResultTable &table);
 /// The texts of a column's rows, from the first data row; NULL is "NULL".

@@ -1,5 +1,5 @@
 #include "base/Errors.h"
-#include "base/tests/CaughtLog.h"
+#include "base/tests/LogCapture.h"
 #include "core/CatalogueQueries.h"
 #include "core/SQLiteWrapper.h"
 #include "core/database/tests/DatabaseFiles.h"
@@ -220,7 +220,7 @@ private:
     std::optional<Contents> ReadWith(qsizetype offset, char damage);
     static QString WrongIn(const ByteMap::Byte &byte, const Contents &sound,
                            const std::optional<Contents> &read);
-    QString WrongInLog(bool isRefused) const;
+    QString WrongInLog(const QStringList &lines, bool isRefused) const;
 
     QTemporaryDir folder;
     QString fileName;
@@ -272,11 +272,11 @@ QString TestDamagedCatalogue::WrongIn(const ByteMap::Byte &byte, const Contents 
 }
 
 /// Whoever reads the log learns which file is damaged, and no statement runs without end.
-QString TestDamagedCatalogue::WrongInLog(bool isRefused) const
+QString TestDamagedCatalogue::WrongInLog(const QStringList &lines, bool isRefused) const
 {
-    if (isRefused && CaughtLog::lines.isEmpty())
+    if (isRefused && lines.isEmpty())
         return QStringLiteral("nothing is said");
-    for (const QString &line : std::as_const(CaughtLog::lines)) {
+    for (const QString &line : lines) {
         if (!line.contains(fileName) || line.contains(QStringLiteral("takes too long")))
             return line;
     }
@@ -302,11 +302,11 @@ void TestDamagedCatalogue::testEveryByteDamaged()
             damaged[i] = damage;
             if (SeenIn(damaged) == soundSeen && unseen++ % UnseenStep != 0)
                 continue;
-            const CaughtLog log;
+            const LogCapture log;
             const std::optional<Contents> read = ReadWith(i, damage);
             QString wrong = WrongIn(map.At(i), sound, read);
             if (wrong.isEmpty())
-                wrong = WrongInLog(!read);
+                wrong = WrongInLog(log.Lines(), !read);
             QVERIFY2(
                 wrong.isEmpty(),
                 qPrintable(QStringLiteral("byte %1 as %2: ").arg(i).arg(uchar(damage)) + wrong));
@@ -324,9 +324,9 @@ void TestDamagedCatalogue::testEveryTruncation()
     OpenVersion2();
     for (qsizetype size = soundBytes.size() - 1; size >= 0; size -= damageStep) {
         QVERIFY(file.resize(size));
-        const CaughtLog log;
+        const LogCapture log;
         QVERIFY2(!Read(fileName), qPrintable(QString::number(size)));
-        QCOMPARE(WrongInLog(true), QString());
+        QCOMPARE(WrongInLog(log.Lines(), true), QString());
     }
     qInfo("%d cases, all refused", int(soundBytes.size() / damageStep));
 }
@@ -345,9 +345,9 @@ void TestDamagedCatalogue::testDamagedVersion3File()
     for (qsizetype i = 0; i < soundBytes.size(); i += step) {
         const QByteArray damages = DamagesOf(soundBytes, i, 1);
         for (const char damage : damages) {
-            const CaughtLog log;
+            const LogCapture log;
             const std::optional<Contents> read = ReadWith(i, damage);
-            const QString wrong = WrongInLog(!read);
+            const QString wrong = WrongInLog(log.Lines(), !read);
             QVERIFY2(wrong.isEmpty(), qPrintable(QString::number(i) + QLatin1String(": ") + wrong));
             qsizetype rowCount = 0;
             for (const QList<QStringList> &rows : read.value_or(sound).tables)

@@ -1,4 +1,5 @@
 #include "base/Errors.h"
+#include "support/BoxReader.h"
 #include "support/WaitUntil.h"
 #include "ui/main/CatalogApplication.h"
 
@@ -14,39 +15,6 @@ namespace {
 
 const QString Message =
     QStringLiteral("The list \"<b>a\" holds a number twice. Choose another list.");
-
-QStringList TextsOfOpenBoxes()
-{
-    QStringList texts;
-    for (const QWidget *widget : QApplication::topLevelWidgets()) {
-        const auto *box = qobject_cast<const QMessageBox *>(widget);
-        if (box != nullptr && box->isVisible())
-            texts << box->text();
-    }
-    return texts;
-}
-
-/// Reads the message boxes that open, which run an event loop of their own, and closes them.
-class BoxReader final : public QTimer
-{
-public:
-    BoxReader()
-    {
-        connect(this, &QTimer::timeout, this, [this] {
-            auto *const box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            if (box == nullptr)
-                return;
-            seen << TextsOfOpenBoxes();
-            isPlain = isPlain && box->textFormat() == Qt::PlainText;
-            QTest::keyClick(box, Qt::Key_Return);
-        });
-        start(10);
-    }
-
-    /// The texts of all boxes open at a time, one list for each box closed.
-    QList<QStringList> seen;
-    bool isPlain = true;
-};
 
 void ExpectLogLine(const QString &text)
 {
@@ -103,7 +71,7 @@ private Q_SLOTS:
         QCOMPARE(tellAfter(full), QStringList(Message));
     }
 
-    void testWindowsWithoutATitleShowTheProgramsTitle()
+    void testProgramIsNamedAsItsWindowIs()
     {
         QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("Tesk Instruments Catalog"));
     }

@@ -77,7 +77,7 @@ private Q_SLOTS:
         }
         protocol->DocumentComplete(Page("one.html"));
         QVERIFY(!history->HasMoreEntries());
-        QVERIFY(document.changes.isEmpty());
+        QVERIFY(document.calls.isEmpty());
     }
 
     void testCategoryPageOfAnotherNodeSelectsItAndReplacesItsEntry()
@@ -87,11 +87,11 @@ private Q_SLOTS:
         QTRY_COMPARE(filled->size(), 1);
         QCOMPARE(host.clickCount, 1);
         QCOMPARE(host.currentNode->tag, QStringLiteral("3"));
-        QVERIFY(document.changes.isEmpty());
+        QVERIFY(document.calls.isEmpty());
 
         protocol->DocumentComplete(Page("category_list.html?id=3"));
         QTRY_COMPARE(filled->size(), 2);
-        QCOMPARE(document.Value(QStringLiteral("caption")), host.currentNode->text);
+        QCOMPARE(document.Html(QStringLiteral("caption")), host.currentNode->text);
         QCOMPARE(history->PopEntry(), Page("before.html"));
     }
 
@@ -113,7 +113,7 @@ private Q_SLOTS:
         protocol->DocumentComplete(Page("category_list.html?id=1"));
         QTRY_COMPARE(filled->size(), 1);
         QCOMPARE(host.clickCount, 0);
-        QCOMPARE(document.Value(QStringLiteral("caption")), host.currentNode->text);
+        QCOMPARE(document.Html(QStringLiteral("caption")), host.currentNode->text);
     }
 
     void testListOfACategoryShowsItsProducts()
@@ -122,10 +122,9 @@ private Q_SLOTS:
         protocol->DocumentComplete(Page("product_list.html?firstItem=1&id=2"));
         QTRY_COMPARE(filled->size(), 1);
         QCOMPARE(protocol->ProductRows().UpperRow(), 12);
-        QCOMPARE(document.Value(QStringLiteral("caption")), host.currentNode->text);
-        QCOMPARE(
-            document.Value(QStringLiteral("list")).count(QLatin1String("<tr id=\"contListRow")),
-            12);
+        QCOMPARE(document.Html(QStringLiteral("caption")), host.currentNode->text);
+        QCOMPARE(document.Html(QStringLiteral("list")).count(QLatin1String("<tr id=\"contListRow")),
+                 12);
     }
 
     void testPagesAreNamedForWhatTheyShow()
@@ -185,10 +184,10 @@ private Q_SLOTS:
         protocol->SetSearchRows(rows);
         protocol->DocumentComplete(Page("product_list.html?firstItem=1&id="));
         QTRY_COMPARE(filled->size(), 1);
-        QCOMPARE(document.Value(QStringLiteral("caption")),
+        QCOMPARE(document.Html(QStringLiteral("caption")),
                  QStringLiteral("en:productListSearchHeadline"));
         QCOMPARE(protocol->ProductRows().UpperRow(), 1);
-        QVERIFY(document.Value(QStringLiteral("list")).contains(rows.Text(1, 1)));
+        QVERIFY(document.Html(QStringLiteral("list")).contains(rows.Text(1, 1)));
     }
 
     void testListOfAnotherCategorySelectsIt()
@@ -199,7 +198,7 @@ private Q_SLOTS:
         QTRY_COMPARE(filled->size(), 1);
         QCOMPARE(host.currentNode, node);
         QCOMPARE(host.clickCount, 0);
-        QCOMPARE(document.Value(QStringLiteral("caption")), node->text);
+        QCOMPARE(document.Html(QStringLiteral("caption")), node->text);
         QCOMPARE(protocol->ProductRows().UpperRow(), 12);
         QCOMPARE(host.crumbs.last().caption, node->text);
     }
@@ -227,7 +226,7 @@ private Q_SLOTS:
         QTRY_COMPARE(filled->size(), 2);
         QCOMPARE(host.currentNode, nullptr);
         QCOMPARE(protocol->ProductRows().UpperRow(), 1);
-        QVERIFY(document.Value(QStringLiteral("list")).contains(rows.Text(1, 1)));
+        QVERIFY(document.Html(QStringLiteral("list")).contains(rows.Text(1, 1)));
     }
 
     void testSetThatEndsItsListStillStepsThroughItsMembers()
@@ -293,7 +292,7 @@ private Q_SLOTS:
         protocol->DocumentComplete(Page("product_details.html?id=50"));
         QTRY_COMPARE(filled->size(), 1);
         QCOMPARE(protocol->ProductRows().UpperRow(), 4);
-        QCOMPARE(document.Value(QStringLiteral("imagesTable")), QStringLiteral("hidden"));
+        QCOMPARE(document.Visibility(QStringLiteral("imagesTable")), QStringLiteral("hidden"));
     }
 
     void testDetailsOfAProductKeepTheRows()
@@ -304,7 +303,7 @@ private Q_SLOTS:
         protocol->DocumentComplete(Page("product_details.html?id=17"));
         QTRY_COMPARE(filled->size(), 2);
         QCOMPARE(protocol->ProductRows().UpperRow(), 12);
-        QCOMPARE(document.Value(QStringLiteral("imagesTable")), QStringLiteral("visible"));
+        QCOMPARE(document.Visibility(QStringLiteral("imagesTable")), QStringLiteral("visible"));
     }
 
     void testOnlyTheLastOfTwoQuickPagesIsFilled()
@@ -314,7 +313,7 @@ private Q_SLOTS:
         protocol->DocumentComplete(Page("product_details.html?id=17"));
         QTRY_COMPARE(filled->size(), 1);
         QCOMPARE(filled->at(0).at(0).toString(), QStringLiteral("productDetails"));
-        QCOMPARE(document.Value(QStringLiteral("caption")), QString());
+        QCOMPARE(document.Html(QStringLiteral("caption")), QString());
     }
 
     void testFailedFillPutsThePointerRight()
@@ -325,7 +324,7 @@ private Q_SLOTS:
         protocol->DocumentComplete(Page("product_details.html?id=9999"));
         QTRY_COMPARE(filled->size(), 1);
         QCOMPARE(QApplication::overrideCursor(), nullptr);
-        QVERIFY(document.changes.isEmpty());
+        QVERIFY(document.calls.isEmpty());
     }
 
     void testJumpInsideAListFillsTheSameList()
@@ -354,7 +353,7 @@ private Q_SLOTS:
     void testWelcomePageIsFilledAtOnce()
     {
         protocol->DocumentComplete(Page("welcome.html"));
-        QCOMPARE(document.Value(QStringLiteral("text")), QStringLiteral("en:ucWelcomeText"));
+        QCOMPARE(document.Html(QStringLiteral("text")), QStringLiteral("en:ucWelcomeText"));
         QCOMPARE(host.statusTexts, QStringList{QString()});
     }
 
@@ -365,7 +364,7 @@ private Q_SLOTS:
         protocol->DocumentComplete(
             QStringLiteral("mk:@MSITStore:/a/resources.chm::/Dokumente/info_en_care.html"));
         QCOMPARE(QApplication::overrideCursor(), nullptr);
-        QVERIFY(document.changes.isEmpty());
+        QVERIFY(document.calls.isEmpty());
         QVERIFY(history->HasMoreEntries());
         QCOMPARE(history->PopEntry(), Page("one.html"));
     }

@@ -11,7 +11,7 @@
 
 namespace Tesk {
 
-/// Collects what is logged while it lives, one at a time.
+/// Collects what is logged while it lives, and nothing of it is printed. One at a time.
 class LogCapture
 {
 public:
@@ -37,6 +37,16 @@ public:
                    std::all_of(texts.cbegin(), texts.cend(),
                                [&line](const QString &text) { return line.second.contains(text); });
         });
+    }
+
+    /// All lines, without their categories.
+    QStringList Lines() const
+    {
+        const QMutexLocker lock(&mutex);
+        QStringList texts;
+        for (const Line &line : lines)
+            texts.append(line.second);
+        return texts;
     }
 
     qsizetype Count(const char *category) const

@@ -1,4 +1,4 @@
-#include "RecordingDocument.h"
+#include "support/RecordingDocument.h"
 
 namespace Tesk {
 
