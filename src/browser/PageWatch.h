@@ -28,8 +28,8 @@ public:
     struct Patience
     {
         std::chrono::milliseconds interval{1000};
-        /// More than a page of thousands of lines takes on a slow machine.
-        int usual = 30;
+        /// More than a cart of 32,767 lines takes on a slow machine.
+        int usual = 60;
         /// When the program has asked for another page.
         int leaving = 15;
         /// While a page is held, which is while the engine makes sheets of it.

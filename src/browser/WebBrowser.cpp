@@ -238,6 +238,7 @@ void WebBrowser::Complete(const QUrl &url)
         reloadedUrl.clear();
     Queue([this, document = Document{url, newestDocumentId}] {
         reported = document;
+        failedAddress.clear();
         Q_EMIT DocumentComplete(Address());
     });
 }
@@ -268,6 +269,7 @@ void WebBrowser::ShowFailure(const QUrl &url, const CatalogueError &error)
         if (isLoading || request != requests)
             return;
         reported = {};
+        failedAddress = address;
         page->setHtml(FailurePage(address, error, textLookup));
         Q_EMIT LoadFailed(address);
     });

@@ -44,6 +44,9 @@ public:
     /// The address of the page that completed last, percent-decoded. Empty before the first one
     /// and after a page that could not be shown.
     QString Address() const;
+    /// The address of the page in whose place it is told that it cannot be shown, or is not shown
+    /// any more. Empty while a page is shown.
+    QString FailedAddress() const { return failedAddress; }
 
     /// Makes the changes in the page that completed last, and in no other.
     void Apply(const QList<ElementChange> &changes) override;
@@ -127,6 +130,7 @@ private:
     /// event loop tells a little later.
     QUrl loadedUrl;
     Document reported;
+    QString failedAddress;
     /// What was loaded again after the engine's process ended.
     QUrl reloadedUrl;
 };

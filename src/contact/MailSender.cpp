@@ -106,7 +106,7 @@ void TellOfEnd(const QProcess &opener, const QString &recipient)
     if (opener.exitStatus() == QProcess::NormalExit && opener.exitCode() == 0)
         return;
     qCWarning(mailLog).noquote() << SystemsOpener << "ended with status" << opener.exitCode()
-                                 << "- no program took the message to" << recipient << Advice;
+                                 << "on the message to" << recipient << Advice;
 }
 
 bool OpenBySystem(const QByteArray &address)

@@ -2,6 +2,8 @@
 #include "browser/WebBrowser.h"
 #include "search/SearchDetail.h"
 #include "support/CatalogueWindow.h"
+#include "support/EngineProcess.h"
+#include "support/ShownPage.h"
 #include "support/WaitUntil.h"
 #include "ui/main/CatalogApplication.h"
 #include "ui/main/CategoryTreeView.h"
@@ -177,6 +179,22 @@ private Q_SLOTS:
         PressBack();
         QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("&id=") + DissectingScissors));
         QCOMPARE(ShownNumbers(), numbers);
+    }
+
+    // The page is an entry: it was shown before it failed.
+    void testFromAPageThatFailedLater()
+    {
+        QVERIFY(OpenList(DissectingScissors));
+        const QStringList numbers = ShownNumbers();
+        QVERIFY(OpenList(IrisScissors));
+        QVERIFY(WaitForFillAfter(*catalogue, [this] { KillEngine(*window->wbMain); }));
+        KillEngine(*window->wbMain);
+        QVERIFY(WaitUntil([this] { return !window->wbMain->FailedAddress().isEmpty(); }));
+
+        PressBack();
+        QVERIFY(catalogue->WaitForFilledPage(QStringLiteral("&id=") + DissectingScissors));
+        QCOMPARE(ShownNumbers(), numbers);
+        QCOMPARE(window->wbMain->FailedAddress(), QString());
     }
 
 private:

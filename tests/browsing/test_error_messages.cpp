@@ -1,9 +1,12 @@
+#include "browser/WebBrowser.h"
 #include "cart/model/clsShoppingCart.h"
+#include "cart/pane/ShoppingCart.h"
 #include "support/CartTab.h"
 #include "support/CatalogueWindow.h"
 #include "support/Dialogs.h"
 #include "support/EngineTest.h"
 #include "support/Files.h"
+#include "support/PageUser.h"
 #include "support/SampleCatalogue.h"
 #include "support/WaitUntil.h"
 #include "ui/main/MainMenu.h"
@@ -102,6 +105,28 @@ private Q_SLOTS:
         QCOMPARE(content.Serialize(), before);
         // The page is there again and shows both.
         QVERIFY(cart.WaitForLines(lines));
+    }
+
+    void testPageThatCannotBeShown()
+    {
+        CatalogueWindow catalogue(SampleCatalogue, QStringLiteral("German"));
+        QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("welcome.html")));
+        WebBrowser &page = *catalogue.Window().wbMain;
+        ShoppingCart &cart = *catalogue.Window().ucShoppingCart;
+        CartTab tab(catalogue);
+        QVERIFY(tab.Open());
+        const QString missing =
+            catalogue.GetController().GetContentBaseUrl() + QStringLiteral("/content/missing.html");
+        for (WebBrowser *const browser : {&page, cart.Browser()}) {
+            browser->Navigate(missing);
+            QVERIFY(WaitUntil([browser] { return !browser->FailedAddress().isEmpty(); }));
+            QVERIFY(WaitUntil([browser] {
+                return PageUser(*browser)
+                    .Evaluate(QStringLiteral("document.body.innerText"))
+                    .toString()
+                    .contains(QStringLiteral("Diese Seite kann nicht gezeigt werden"));
+            }));
+        }
     }
 
     void testCartThatCannotBeSaved()

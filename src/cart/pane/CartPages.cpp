@@ -170,8 +170,9 @@ void CartPages::LoadFailed()
 {
     requestedAddress.clear();
     isReloading = false;
-    // The old page may stay. Until it has the cart's keys again, what is typed in it would be lost.
-    if (isOutdated)
+    // The old page may stay. It lacks what was added since, and until it has the cart's keys again,
+    // what is typed in it would be lost.
+    if (isOutdated || CartAddress::IsCart(browser.Address()))
         Write(browser.Address(), true);
     Q_EMIT Failed();
 }

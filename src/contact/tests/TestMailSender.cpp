@@ -224,7 +224,7 @@ private Q_SLOTS:
         MailSender().SendMail(Recipient, QStringLiteral("Secret"), QStringLiteral("Secret"));
         QTRY_COMPARE(log.Lines().size(), 1);
         QCOMPARE(log.Lines().first(),
-                 QStringLiteral("xdg-open ended with status 3 - no program took the message to "
+                 QStringLiteral("xdg-open ended with status 3 on the message to "
                                 "mailto:info@maker.example - install a mail program and make it "
                                 "the system's program for mail addresses."));
     }
@@ -234,8 +234,10 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString end = folder.filePath(QStringLiteral("end"));
         const QString ended = folder.filePath(QStringLiteral("ended"));
-        const ReplacedOpener opener("while [ ! -e '" + end.toUtf8() +
-                                    "' ]; do sleep 0.02; done\n: > '" + ended.toUtf8() + "'\n");
+        // The second one finds that the first has ended, and fails.
+        const ReplacedOpener opener("[ ! -e '" + ended.toUtf8() + "' ] || exit 3\nwhile [ ! -e '" +
+                                    end.toUtf8() + "' ]; do sleep 0.02; done\n: > '" +
+                                    ended.toUtf8() + "'\n");
         const LogCapture log;
         MailSender().SendMail(Recipient, QString(), QString());
         QVERIFY(!QFile::exists(ended));
@@ -243,6 +245,10 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::WriteOnly));
         QTRY_VERIFY(QFile::exists(ended));
         QCOMPARE(log.Lines(), QStringList());
+
+        MailSender().SendMail(Recipient, QString(), QString());
+        QTRY_VERIFY(!log.Lines().isEmpty());
+        QCOMPARE(log.Lines().size(), 1);
     }
 
     void testMessageTooLongForTheSystemLeavesALine()

@@ -365,9 +365,11 @@ void frmCatalog::ShowSearchResults(const ResultTable &rows)
 
 void frmCatalog::GoBack()
 {
-    // A page that could not be shown is no entry: the newest one is the page before it.
+    // A page that could not be shown is no entry: the newest one is the page before it. One that
+    // failed later is.
     if (tabMain->currentIndex() == ProductsTab && wbMain->Address().isEmpty() &&
-        !history.Newest().isEmpty() && history.Newest() != SearchDetailEntry) {
+        !history.Newest().isEmpty() && history.Newest() != SearchDetailEntry &&
+        history.Newest() != wbMain->FailedAddress()) {
         protocol->PrepareReturn(history.Newest());
         wbMain->Navigate(history.Newest());
         return;

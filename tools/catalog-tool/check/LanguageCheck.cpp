@@ -12,10 +12,10 @@ namespace {
 
 constexpr QLatin1String errorKeys("error");
 
-/// Errors are told in English where their text is missing.
-bool IsOptional(const QString &key)
+QString WithoutText(const QString &key)
 {
-    return key.startsWith(errorKeys);
+    return key.startsWith(errorKeys) ? QStringLiteral("this error would be told in English")
+                                     : QStringLiteral("nothing would show in its place");
 }
 
 /// The marks `{0}`, `{1}` … that the program puts values in place of, in their order.
@@ -49,11 +49,10 @@ QSet<QString> AllKeys(const std::vector<LanguageSource> &languages)
 void CheckKeys(const LanguageSource &language, const QSet<QString> &keys, Problems &problems)
 {
     for (const QString &key : keys) {
-        if (!IsOptional(key) && !language.Find(key))
+        if (!language.Find(key))
             problems.Add(language.File(), 0,
-                         QStringLiteral("the key \"%1\" is missing, so nothing would show in its "
-                                        "place; add it")
-                             .arg(key));
+                         QStringLiteral("the key \"%1\" is missing, so %2; add it")
+                             .arg(key, WithoutText(key)));
     }
 }
 

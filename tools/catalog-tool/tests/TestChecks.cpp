@@ -364,11 +364,16 @@ private Q_SLOTS:
         QVERIFY(problems.first().contains(QLatin1String(" it has {0} {1};")));
     }
 
-    void testTextsOfErrorsMayBeMissing()
+    void testTextOfAnErrorStandsInAllLanguagesOrNone()
     {
         const TinySources tiny;
         tiny.Replace(QStringLiteral("languages/loc_it.txt"), "mHelp=", "errorOfItsOwn=x\nmHelp=");
-        QCOMPARE(Check(tiny), QStringList());
+        const QStringList problems = Check(tiny);
+        QCOMPARE(problems.size(), 4);
+        for (const QString &problem : problems)
+            QVERIFY2(problem.contains(QLatin1String("the key \"errorOfItsOwn\" is missing, so this "
+                                                    "error would be told in English;")),
+                     qPrintable(problem));
     }
 
     void testOnlyWhatBecomesADataSheetCanBeReferredTo()
