@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QInputDialog>
 #include <QScopeGuard>
+#include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineView>
@@ -57,16 +58,38 @@ LocalPage::LocalPage(QWebEngineProfile *profile, QWebEngineView &view)
 {
     connect(this, &QWebEnginePage::newWindowRequested, this, &LocalPage::OpenHere);
     connect(this, &QWebEnginePage::loadingChanged, this, &LocalPage::ReportUnasked);
+    connect(this, &QWebEnginePage::loadingChanged, this, &LocalPage::FollowDeparture);
     RefusePermissions(*this);
 }
 
-bool LocalPage::acceptNavigationRequest(const QUrl &url, NavigationType, bool isMainFrame)
+void LocalPage::Open(const QUrl &url)
+{
+    departure.Begin(ShownUrl(), url);
+    load(url);
+}
+
+/// The address of the engine itself is already that of the page to come.
+QUrl LocalPage::ShownUrl() const
+{
+    return history()->currentItem().url();
+}
+
+bool LocalPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
 {
     if (RequestGate::IsLocal(url)) {
-        if (!isHeld || !isMainFrame)
+        if (!isMainFrame)
             return true;
-        Q_EMIT NavigationHeld(url);
-        return false;
+        if (isHeld) {
+            Q_EMIT NavigationHeld(url);
+            return false;
+        }
+        // Redirects may be those of the load that the program has begun, which lead elsewhere.
+        const bool isByPage = type == NavigationTypeRedirect ? IsSamePage(url, ShownUrl())
+                                                             : type != NavigationTypeTyped;
+        const bool isRefused = isByPage && departure.Refuses(ShownUrl());
+        if (isRefused && departure.IsFirstRefusal())
+            LogRefusal(url);
+        return !isRefused;
     }
     answered = url;
     // The engine asks about a mail address on a user's click only, and hands it to the desktop.
@@ -86,13 +109,22 @@ void LocalPage::ReportUnasked(const QWebEngineLoadingInfo &info)
     answered.clear();
 }
 
+void LocalPage::FollowDeparture(const QWebEngineLoadingInfo &info)
+{
+    // Without a number, the load ended with its process or its document, and not for good.
+    if (info.status() == QWebEngineLoadingInfo::LoadFailedStatus && info.errorCode() != 0)
+        departure.End();
+    else if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus)
+        departure.Continue(ShownUrl());
+}
+
 // The program has one window: what the user wants in another one opens in place.
 void LocalPage::OpenHere(QWebEngineNewWindowRequest &request)
 {
     const QUrl url = request.requestedUrl();
     if (request.isUserInitiated() && RequestGate::IsLocal(url))
         QMetaObject::invokeMethod(
-            this, [this, url] { load(url); }, Qt::QueuedConnection);
+            this, [this, url] { Open(url); }, Qt::QueuedConnection);
     else
         LogRefusal(url);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browser/Departure.h"
 #include "browser/DialogLimit.h"
 #include "browser/PageChannel.h"
 
@@ -20,6 +21,13 @@ class LocalPage final : public QWebEnginePage
 public:
     /// Belongs to the view that will show it.
     LocalPage(QWebEngineProfile *profile, QWebEngineView &view);
+
+    /// Loads what the program asks for; the page that is shown cannot keep it from coming.
+    void Open(const QUrl &url);
+
+    /// The load that was begun last has ended without a page. What is to be opened again because
+    /// the page that is shown has ended its load, empty for nothing.
+    QUrl TakeUp() { return departure.TakeUp(); }
 
     /// While it is held, it opens no other page and tells what it would have opened.
     void SetHeld(bool isToBeHeld) { isHeld = isToBeHeld; }
@@ -46,10 +54,13 @@ private:
     bool MayAsk(const QString &message);
     void OpenHere(QWebEngineNewWindowRequest &request);
     void ReportUnasked(const QWebEngineLoadingInfo &info);
+    void FollowDeparture(const QWebEngineLoadingInfo &info);
+    QUrl ShownUrl() const;
 
     PageChannel &channel;
     /// The last address of another program that the engine asked about.
     QUrl answered;
+    Departure departure;
     DialogLimit questions;
     bool isHeld = false;
 };

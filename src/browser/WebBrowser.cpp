@@ -134,7 +134,7 @@ void WebBrowser::Load(const QUrl &url)
 {
     requestedUrl = url;
     urlWhenSeen.clear();
-    page->load(url);
+    page->Open(url);
 }
 
 std::shared_ptr<PageHold> WebBrowser::HoldPage()
@@ -185,6 +185,14 @@ void WebBrowser::OnLoading(const QWebEngineLoadingInfo &info)
         Complete(page->url());
         break;
     case QWebEngineLoadingInfo::LoadStoppedStatus:
+        if (const QUrl next = page->TakeUp(); !next.isEmpty()) {
+            Queue([this, next, request = requests] {
+                // Meanwhile another page may have been asked for.
+                if (request == requests)
+                    Load(next);
+            });
+            break;
+        }
         // A jump asked for during the load ended it.
         OnUrlChanged(page->url());
         if (info.url() != heldUrl)

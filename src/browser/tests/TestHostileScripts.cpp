@@ -90,7 +90,7 @@ private:
         return WaitUntil([&] {
                    return !complete.isEmpty() && complete.last().first().toString() == plain;
                }) &&
-               Text() == QLatin1String("plain");
+               WaitUntil([&] { return Text() == QLatin1String("plain"); });
     }
 
 private Q_SLOTS:
@@ -245,6 +245,9 @@ private Q_SLOTS:
             QTest::newRow(name) << QString::fromLatin1(script);
         };
         row("reloading", "location.reload()");
+        row("reloading itself", "setInterval(() => location.reload())");
+        row("moving to itself",
+            "setInterval(() => { location = 'hostile.html?' + Math.random() })");
         row("stopping loads", "setInterval(() => stop())");
         row("a long history", "for (i = 0; i < 1e4; ++i) history.pushState(i, '')");
         row("steps in the history", "setInterval(() => { history.back(); history.forward() })");
