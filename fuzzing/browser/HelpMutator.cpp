@@ -21,15 +21,15 @@ struct Part
     std::string_view mark;
     std::size_t reach;
 };
-constexpr std::array<Part, 5> parts{
+constexpr std::array<Part, 5> Parts{
     {{"ITSF", 0x60}, {"ITSP", 0x54}, {"PMGL", 0x400}, {"PMGI", 0x100}, {"LZXC", 0x40}}};
 
-constexpr std::array<std::size_t, 5> sizes{1, 2, 4, 4, 8};
+constexpr std::array<std::size_t, 5> Sizes{1, 2, 4, 4, 8};
 
 std::vector<NumberDamage::Place> PartsOf(std::string_view file)
 {
     std::vector<NumberDamage::Place> found;
-    for (const Part &part : parts) {
+    for (const Part &part : Parts) {
         for (std::size_t at = file.find(part.mark); at != std::string_view::npos;
              at = file.find(part.mark, at + 1))
             found.push_back({at, part.reach});
@@ -44,7 +44,7 @@ std::string Damaged(std::string file, unsigned seed)
     if (found.empty())
         return std::string(damage.Bytes());
     const NumberDamage::Place part = found[damage.Below(found.size())];
-    const std::size_t size = sizes[damage.Below(sizes.size())];
+    const std::size_t size = Sizes[damage.Below(Sizes.size())];
     // All but the numbers of entries stand at multiples of four, and most near the mark.
     const std::size_t step = size < 4 ? 1 : 4;
     const std::size_t offset = damage.Below(damage.Below(part.size / step) + 1) * step;

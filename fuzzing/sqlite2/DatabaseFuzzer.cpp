@@ -12,7 +12,7 @@ using Tesk::Fuzzing::Require;
 namespace {
 
 /// Of a page's 236 bytes that an entry keeps there, what no offsets and key can take.
-constexpr std::size_t longestInOnePage = 200;
+constexpr std::size_t LongestInOnePage = 200;
 
 void ReadTable(Database &database, const Table &table, std::string_view file)
 {
@@ -24,7 +24,7 @@ void ReadTable(Database &database, const Table &table, std::string_view file)
         Require(row.size() == table.columns.size(), "a row has a value for each column");
         for (std::size_t i = 0; i < row.size(); ++i) {
             const bool isStored = row[i] && static_cast<int>(i) != table.rowIdColumn;
-            if (isStored && row[i]->size() <= longestInOnePage)
+            if (isStored && row[i]->size() <= LongestInOnePage)
                 Require(file.find(*row[i]) != std::string_view::npos, "a text stands in the file");
         }
     }

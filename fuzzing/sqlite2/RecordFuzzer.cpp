@@ -83,7 +83,7 @@ std::string FileWith(const TableInput &input)
     const std::uint32_t rootPage = file.AddPage();
     const Row declaration{"table", "t", "t", std::to_string(rootPage),
                           "CREATE TABLE t(" + columns + ')'};
-    BuildTree(file, Format::masterRootPage, {{EncodeRowKey(1), EncodeRecord(declaration)}});
+    BuildTree(file, Format::MasterRootPage, {{EncodeRowKey(1), EncodeRecord(declaration)}});
     BuildTree(file, rootPage, input.entries);
     return file.Bytes();
 }

@@ -6,11 +6,11 @@
 namespace Tesk::Address {
 namespace {
 
-const QLatin1String filePrefix("file://");
-const QLatin1String resourcePrefix("mk:");
-const QLatin1String storeMark("@MSITStore:");
-const QLatin1String containerEnd("::");
-const QLatin1String containerFileEnd(".chm::");
+const QLatin1String FilePrefix("file://");
+const QLatin1String ResourcePrefix("mk:");
+const QLatin1String StoreMark("@MSITStore:");
+const QLatin1String ContainerEnd("::");
+const QLatin1String ContainerFileEnd(".chm::");
 
 qsizetype FirstDelimiter(QStringView address, qsizetype from)
 {
@@ -45,9 +45,9 @@ qsizetype LengthOfPath(const QString &address)
 
 qsizetype LengthOfMemberPath(const QString &address)
 {
-    qsizetype member = address.indexOf(containerFileEnd, 0, Qt::CaseInsensitive);
+    qsizetype member = address.indexOf(ContainerFileEnd, 0, Qt::CaseInsensitive);
     if (member < 0)
-        member = address.indexOf(containerEnd);
+        member = address.indexOf(ContainerEnd);
     return FirstDelimiter(address, qMax<qsizetype>(member, 0));
 }
 
@@ -80,16 +80,16 @@ QString Tail(const QUrl &url)
 QUrl ToUrl(const QString &address)
 {
     const QString trimmed = address.trimmed();
-    if (trimmed.startsWith(filePrefix, Qt::CaseInsensitive)) {
-        QString path = trimmed.mid(filePrefix.size());
+    if (trimmed.startsWith(FilePrefix, Qt::CaseInsensitive)) {
+        QString path = trimmed.mid(FilePrefix.size());
         // A content base made of "file:///" and an absolute path has a slash too many.
         while (path.startsWith(QLatin1String("//")))
             path.remove(0, 1);
         const qsizetype end = LengthOfPath(path);
         return Compose(QLatin1String("file"), path.left(end), QStringView(path).mid(end));
     }
-    if (trimmed.startsWith(resourcePrefix, Qt::CaseInsensitive)) {
-        const QString path = trimmed.mid(resourcePrefix.size());
+    if (trimmed.startsWith(ResourcePrefix, Qt::CaseInsensitive)) {
+        const QString path = trimmed.mid(ResourcePrefix.size());
         const qsizetype end = LengthOfMemberPath(path);
         return Compose(QLatin1String("mk"), path.left(end), QStringView(path).mid(end));
     }
@@ -99,9 +99,9 @@ QUrl ToUrl(const QString &address)
 QString FromUrl(const QUrl &url)
 {
     if (url.isLocalFile())
-        return filePrefix + url.path(QUrl::FullyDecoded) + Tail(url);
+        return FilePrefix + url.path(QUrl::FullyDecoded) + Tail(url);
     if (url.scheme() == QLatin1String("mk"))
-        return resourcePrefix + url.path(QUrl::FullyDecoded) + Tail(url);
+        return ResourcePrefix + url.path(QUrl::FullyDecoded) + Tail(url);
     return url.toString(QUrl::PrettyDecoded);
 }
 
@@ -110,12 +110,12 @@ QString MemberPath(const QUrl &url)
     QString path = url.path(QUrl::FullyDecoded);
     // The engine resolves some addresses against the whole address of the page, which leaves one
     // container's address inside another: the last one counts.
-    const qsizetype store = path.lastIndexOf(storeMark, -1, Qt::CaseInsensitive);
+    const qsizetype store = path.lastIndexOf(StoreMark, -1, Qt::CaseInsensitive);
     if (store >= 0)
-        path.remove(0, store + storeMark.size());
-    const qsizetype container = path.lastIndexOf(containerEnd);
+        path.remove(0, store + StoreMark.size());
+    const qsizetype container = path.lastIndexOf(ContainerEnd);
     if (container >= 0)
-        path.remove(0, container + containerEnd.size());
+        path.remove(0, container + ContainerEnd.size());
     path.replace(u'\\', u'/');
     path = QDir::cleanPath(u'/' + path);
     while (path == QLatin1String("/..") || path.startsWith(QLatin1String("/../")))
@@ -126,15 +126,15 @@ QString MemberPath(const QUrl &url)
 bool IsWhole(const QUrl &url)
 {
     const QString path = url.path(QUrl::FullyDecoded);
-    const qsizetype container = path.lastIndexOf(containerEnd);
-    return path.startsWith(storeMark, Qt::CaseInsensitive) && container >= 0 &&
+    const qsizetype container = path.lastIndexOf(ContainerEnd);
+    return path.startsWith(StoreMark, Qt::CaseInsensitive) && container >= 0 &&
            path.indexOf(u'\\', container) < 0;
 }
 
 QUrl ToWhole(const QUrl &url, const QString &containerPath)
 {
     QUrl whole = url;
-    whole.setPath(storeMark + containerPath + containerEnd + MemberPath(url), QUrl::DecodedMode);
+    whole.setPath(StoreMark + containerPath + ContainerEnd + MemberPath(url), QUrl::DecodedMode);
     return whole;
 }
 

@@ -13,17 +13,17 @@ namespace Tesk {
 namespace {
 
 // The file's header, the directory's header and the headers of its blocks, in bytes.
-constexpr quint64 fileHeaderSize = 0x60;
-constexpr quint64 directoryHeaderSize = 0x54;
-constexpr quint64 leafHeaderSize = 0x14;
-constexpr quint64 nodeHeaderSize = 0x08;
+constexpr quint64 FileHeaderSize = 0x60;
+constexpr quint64 DirectoryHeaderSize = 0x54;
+constexpr quint64 LeafHeaderSize = 0x14;
+constexpr quint64 NodeHeaderSize = 0x08;
 
 /// No directory is nearly as large; a damaged header may claim any length.
-constexpr quint64 largestDirectory = Q_UINT64_C(256) * 1024 * 1024;
-constexpr quint32 largestBlock = 0x10000;
-constexpr quint32 noBlock = 0xFFFFFFFF;
+constexpr quint64 LargestDirectory = Q_UINT64_C(256) * 1024 * 1024;
+constexpr quint32 LargestBlock = 0x10000;
+constexpr quint32 NoBlock = 0xFFFFFFFF;
 
-const QLatin1String compressionPath("::DataSpace/Storage/MSCompressed/");
+const QLatin1String CompressionPath("::DataSpace/Storage/MSCompressed/");
 
 class DirectoryReader final
 {
@@ -75,22 +75,22 @@ private:
 
     void ReadHeaders()
     {
-        const QByteArray header = Bytes(0, fileHeaderSize);
+        const QByteArray header = Bytes(0, FileHeaderSize);
         Require(header.startsWith("ITSF"));
         const auto version = NumberAt<quint32>(header, 0x04);
         Require(version == 2 || version == 3);
         const auto offset = NumberAt<quint64>(header, 0x48);
         const auto length = NumberAt<quint64>(header, 0x50);
-        Require(length >= directoryHeaderSize && length <= largestDirectory);
+        Require(length >= DirectoryHeaderSize && length <= LargestDirectory);
         const QByteArray directory = Bytes(offset, length);
         dataOffset = version == 3 ? NumberAt<quint64>(header, 0x58) : offset + length;
         Require(dataOffset <= static_cast<quint64>(file.size()));
 
         Require(directory.startsWith("ITSP"));
         const auto headerLength = NumberAt<quint32>(directory, 0x08);
-        Require(headerLength == directoryHeaderSize);
+        Require(headerLength == DirectoryHeaderSize);
         blockLength = NumberAt<quint32>(directory, 0x10);
-        Require(blockLength > leafHeaderSize && blockLength <= largestBlock);
+        Require(blockLength > LeafHeaderSize && blockLength <= LargestBlock);
         root = NumberAt<quint32>(directory, 0x1C);
         firstLeaf = NumberAt<quint32>(directory, 0x20);
         blocks = directory.mid(headerLength);
@@ -135,7 +135,7 @@ private:
     // The tree above the leaves must be one: no block is met twice.
     void CheckIndex()
     {
-        if (root == noBlock)
+        if (root == NoBlock)
             return;
         QSet<quint32> met = {root};
         QList<quint32> open = {root};
@@ -144,12 +144,12 @@ private:
             if (block.startsWith("PMGL"))
                 continue;
             Require(block.startsWith("PMGI"));
-            const qsizetype end = EndOfEntries(block, nodeHeaderSize);
-            qsizetype at = nodeHeaderSize;
+            const qsizetype end = EndOfEntries(block, NodeHeaderSize);
+            qsizetype at = NodeHeaderSize;
             while (at < end) {
                 Path(block, at, end);
                 const quint64 child = PackedNumber(block, at, end);
-                Require(child < noBlock && !met.contains(static_cast<quint32>(child)));
+                Require(child < NoBlock && !met.contains(static_cast<quint32>(child)));
                 met.insert(static_cast<quint32>(child));
                 open.append(static_cast<quint32>(child));
             }
@@ -159,13 +159,13 @@ private:
     void ReadLeaves()
     {
         QSet<quint32> met;
-        for (quint32 leaf = firstLeaf; leaf != noBlock;) {
+        for (quint32 leaf = firstLeaf; leaf != NoBlock;) {
             Require(!met.contains(leaf));
             met.insert(leaf);
             const QByteArrayView block = Block(leaf);
             Require(block.startsWith("PMGL"));
-            const qsizetype end = EndOfEntries(block, leafHeaderSize);
-            qsizetype at = leafHeaderSize;
+            const qsizetype end = EndOfEntries(block, LeafHeaderSize);
+            qsizetype at = LeafHeaderSize;
             while (at < end) {
                 const QString path = Path(block, at, end);
                 const quint64 space = PackedNumber(block, at, end);
@@ -183,7 +183,7 @@ private:
     /// A member of the compression's own; these are never compressed themselves.
     const ChmMember &CompressionMember(QLatin1String name) const
     {
-        const auto member = members.constFind(QString(compressionPath + name).toCaseFolded());
+        const auto member = members.constFind(QString(CompressionPath + name).toCaseFolded());
         Require(member != members.cend() && member->space == 0);
         return *member;
     }
@@ -191,7 +191,7 @@ private:
     QByteArray CompressionBytes(QLatin1String name)
     {
         const ChmMember &member = CompressionMember(name);
-        Require(member.length <= largestDirectory);
+        Require(member.length <= LargestDirectory);
         return Bytes(dataOffset + member.start, member.length);
     }
 
@@ -214,7 +214,7 @@ private:
 
     void CheckMembers()
     {
-        if (members.contains(QString(compressionPath + QLatin1String("Content")).toCaseFolded()))
+        if (members.contains(QString(CompressionPath + QLatin1String("Content")).toCaseFolded()))
             CheckCompression();
         const quint64 plainLength = static_cast<quint64>(file.size()) - dataOffset;
         for (const ChmMember &member : std::as_const(members)) {
@@ -228,8 +228,8 @@ private:
     /// The length of the compressed section once unpacked.
     quint64 unpackedLength = 0;
     quint32 blockLength = 0;
-    quint32 root = noBlock;
-    quint32 firstLeaf = noBlock;
+    quint32 root = NoBlock;
+    quint32 firstLeaf = NoBlock;
     QByteArray blocks;
     ChmDirectory members;
 };

@@ -10,7 +10,7 @@ namespace Tesk {
 namespace {
 
 /// No page or picture is nearly as large; a damaged directory may claim any length.
-constexpr quint64 largestMember = Q_UINT64_C(64) * 1024 * 1024;
+constexpr quint64 LargestMember = Q_UINT64_C(64) * 1024 * 1024;
 
 FileError Unreadable(const QString &path)
 {
@@ -43,7 +43,7 @@ std::optional<QByteArray> ChmFile::Read(const QString &member) const
 {
     const auto found = members.constFind(member.toCaseFolded());
     if (found == members.cend() || !member.startsWith(u'/') || member.endsWith(u'/') ||
-        found->length > largestMember)
+        found->length > LargestMember)
         return std::nullopt;
     chmUnitInfo unit = {};
     unit.start = found->start;

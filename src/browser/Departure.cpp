@@ -57,7 +57,7 @@ QUrl Departure::TakeUp()
     // itself is not taken up.
     if (std::exchange(refusals, 0) == 0)
         return {};
-    if (loads == mostLoads) {
+    if (loads == MostLoads) {
         End();
         return {};
     }

@@ -17,7 +17,7 @@ class Departure final
 {
 public:
     /// Loads taken up in a row.
-    static constexpr int mostLoads = 50;
+    static constexpr int MostLoads = 50;
 
     /// `from` is empty before the first page.
     void Begin(const QUrl &from, const QUrl &to);

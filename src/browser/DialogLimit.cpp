@@ -10,13 +10,13 @@ bool DialogLimit::Allows()
     // One press, one dialog: the row that a page has begun goes on after it.
     if (presses.Take())
         return true;
-    if (!sinceLast.isValid() || sinceLast.hasExpired(quietTime))
+    if (!sinceLast.isValid() || sinceLast.hasExpired(QuietTime))
         inRow = 0;
     // Counts no further than a second refusal.
-    inRow = std::min(inRow + 1, longestRow + 2);
-    if (inRow <= longestRow)
+    inRow = std::min(inRow + 1, LongestRow + 2);
+    if (inRow <= LongestRow)
         return true;
-    isFirstRefusal = inRow == longestRow + 1;
+    isFirstRefusal = inRow == LongestRow + 1;
     sinceLast.start();
     return false;
 }

@@ -13,8 +13,8 @@ namespace Tesk {
 class DialogLimit final
 {
 public:
-    static constexpr int longestRow = 5;
-    static constexpr int quietTime = 1000; // milliseconds
+    static constexpr int LongestRow = 5;
+    static constexpr int QuietTime = 1000; // milliseconds
 
     /// Whether the next dialog may open. One that may must be followed by Ended().
     bool Allows();

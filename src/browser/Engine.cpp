@@ -15,8 +15,8 @@
 namespace Tesk {
 namespace {
 
-const char *const sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
-const char *const switchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
+const char *const SandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
+const char *const SwitchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
 
 struct EngineSwitch
 {
@@ -24,7 +24,7 @@ struct EngineSwitch
     const char *value;
 };
 
-const std::array<EngineSwitch, 4> switches = {{
+const std::array<EngineSwitch, 4> Switches = {{
     // No host has an address, given in figures or not.
     {"--host-resolver-rules", "\"MAP * ~NOTFOUND\""},
     // Calls between browsers send datagrams that no request interceptor sees.
@@ -47,21 +47,21 @@ bool IsSuperuser()
 
 void AddSwitches()
 {
-    QByteArray flags = qgetenv(switchesVariable);
-    for (const EngineSwitch &added : switches) {
+    QByteArray flags = qgetenv(SwitchesVariable);
+    for (const EngineSwitch &added : Switches) {
         if (!flags.contains(added.name))
             flags += QByteArray(flags.isEmpty() ? "" : " ") + added.name +
                      QByteArray(*added.value == 0 ? "" : "=") + added.value;
     }
-    qputenv(switchesVariable, flags);
+    qputenv(SwitchesVariable, flags);
 }
 
 } // namespace
 
 void ConfigureEngine()
 {
-    if (IsSuperuser() && !qEnvironmentVariableIsSet(sandboxVariable)) {
-        qputenv(sandboxVariable, "1");
+    if (IsSuperuser() && !qEnvironmentVariableIsSet(SandboxVariable)) {
+        qputenv(SandboxVariable, "1");
         std::fputs("Running as root: the browser engine works without its sandbox.\n", stderr);
     }
     AddSwitches();

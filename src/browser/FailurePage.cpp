@@ -3,7 +3,7 @@
 namespace Tesk {
 namespace {
 
-const char *const html = R"html(<!DOCTYPE html>
+const char *const Html = R"html(<!DOCTYPE html>
 <html><head><meta charset="utf-8"><title>%1</title><style>
 body { margin: 24px; color: #1f2326; background: #fff; overflow-wrap: anywhere; }
 h1 { font-size: 20px; font-weight: 600; }
@@ -57,7 +57,7 @@ QString FailurePage(const QString &address, const CatalogueError &error,
 {
     const CatalogueError heading(QStringLiteral("This page cannot be shown"),
                                  {QStringLiteral("errorPage"), {}});
-    return QString::fromLatin1(html).arg(heading.MessageIn(getText).toHtmlEscaped(),
+    return QString::fromLatin1(Html).arg(heading.MessageIn(getText).toHtmlEscaped(),
                                          error.MessageIn(getText).toHtmlEscaped(),
                                          address.toHtmlEscaped());
 }

@@ -10,17 +10,17 @@
 namespace Tesk {
 namespace {
 
-const QString channelName = QStringLiteral("PageChannel");
-const QLatin1String documentMark("document:");
-const QLatin1String loadedMark("loaded:");
-const QLatin1String statusMark("status:");
+const QString ChannelName = QStringLiteral("PageChannel");
+const QLatin1String DocumentMark("document:");
+const QLatin1String LoadedMark("loaded:");
+const QLatin1String StatusMark("status:");
 
 } // namespace
 
 PageChannel &PageChannel::Of(QWebEngineProfile *profile)
 {
     auto *channel = static_cast<PageChannel *>(
-        profile->findChild<QObject *>(channelName, Qt::FindDirectChildrenOnly));
+        profile->findChild<QObject *>(ChannelName, Qt::FindDirectChildrenOnly));
     return channel ? *channel : *new PageChannel(profile);
 }
 
@@ -28,7 +28,7 @@ PageChannel::PageChannel(QWebEngineProfile *profile)
     : QObject(profile)
     , token(QUuid::createUuid().toString())
 {
-    setObjectName(channelName);
+    setObjectName(ChannelName);
     QWebEngineScript script;
     script.setInjectionPoint(QWebEngineScript::DocumentCreation);
     script.setWorldId(QWebEngineScript::MainWorld);
@@ -48,12 +48,12 @@ std::optional<PageChannel::Message> PageChannel::Read(const QString &consoleMess
     if (!consoleMessage.startsWith(token))
         return std::nullopt;
     const QString text = consoleMessage.mid(token.size());
-    if (text.startsWith(statusMark))
-        return Message{Message::Kind::StatusText, text.mid(statusMark.size())};
-    if (text.startsWith(documentMark))
-        return Message{Message::Kind::DocumentId, text.mid(documentMark.size())};
-    if (text.startsWith(loadedMark))
-        return Message{Message::Kind::DocumentLoaded, text.mid(loadedMark.size())};
+    if (text.startsWith(StatusMark))
+        return Message{Message::Kind::StatusText, text.mid(StatusMark.size())};
+    if (text.startsWith(DocumentMark))
+        return Message{Message::Kind::DocumentId, text.mid(DocumentMark.size())};
+    if (text.startsWith(LoadedMark))
+        return Message{Message::Kind::DocumentLoaded, text.mid(LoadedMark.size())};
     return std::nullopt;
 }
 

@@ -24,7 +24,7 @@ namespace Tesk {
 namespace {
 
 /// Wide enough for every common printer. The engine does not heed margins of a style sheet.
-constexpr QMarginsF margins(12, 12, 12, 12); // millimetres
+constexpr QMarginsF Margins(12, 12, 12, 12); // millimetres
 
 bool AskWithDialog(QWidget *parent, QPrinter &printer)
 {
@@ -94,7 +94,7 @@ std::unique_ptr<QPrinter> MakePrinter(const QString &documentName)
     if (QPrinterInfo::defaultPrinterName().isEmpty())
         printer->setPageSize(UsualPaperSize(QLocale::system()));
     printer->setPageOrientation(QPageLayout::Portrait);
-    printer->setPageMargins(margins, QPageLayout::Millimeter);
+    printer->setPageMargins(Margins, QPageLayout::Millimeter);
     printer->setDocName(documentName);
     return printer;
 }

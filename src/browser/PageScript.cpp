@@ -7,7 +7,7 @@
 namespace Tesk {
 namespace {
 
-const char *const creationScript = R"js((token => {
+const char *const CreationScript = R"js((token => {
     if (window.__documentId)
         return;
     const log = console.log.bind(console);
@@ -27,7 +27,7 @@ const char *const creationScript = R"js((token => {
     addEventListener('load', () => log(token + 'loaded:' + id));
 })(%1[0]);)js";
 
-const char *const changesScript = R"js(((id, changes) => {
+const char *const ChangesScript = R"js(((id, changes) => {
     if (window.__documentId !== id)
         return -2;
     for (let at = 0; at < changes.length; ++at) {
@@ -53,7 +53,7 @@ QString WithArguments(const char *script, const QJsonArray &arguments)
 
 QString PageScript::OnDocumentCreation(const QString &token)
 {
-    return WithArguments(creationScript, {token});
+    return WithArguments(CreationScript, {token});
 }
 
 QString PageScript::ForChanges(const QString &documentId, const QList<ElementChange> &changes)
@@ -65,7 +65,7 @@ QString PageScript::ForChanges(const QString &documentId, const QList<ElementCha
             {QStringLiteral("visibility"), change.property == ElementChange::Property::Visibility},
             {QStringLiteral("value"), change.value}});
     }
-    return WithArguments(changesScript, {documentId, list});
+    return WithArguments(ChangesScript, {documentId, list});
 }
 
 } // namespace Tesk

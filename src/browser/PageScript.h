@@ -16,7 +16,7 @@ QString OnDocumentCreation(const QString &token);
 /// made, -2 in another document, or else the index of the change whose element is missing.
 QString ForChanges(const QString &documentId, const QList<ElementChange> &changes);
 
-constexpr int allChangesMade = -1;
-constexpr int otherDocument = -2;
+constexpr int AllChangesMade = -1;
+constexpr int OtherDocument = -2;
 
 } // namespace Tesk::PageScript

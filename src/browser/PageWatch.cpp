@@ -19,7 +19,7 @@
 namespace Tesk {
 namespace {
 
-constexpr const char *watchName = "TeskPageWatch";
+constexpr const char *WatchName = "TeskPageWatch";
 
 /// A script that never returns hears of no kinder request.
 void EndProcess(qint64 process)
@@ -46,14 +46,14 @@ bool IsForDevelopers()
 PageWatch &PageWatch::Of(QWebEngineProfile *profile)
 {
     auto *const watch =
-        profile->findChild<PageWatch *>(QLatin1String(watchName), Qt::FindDirectChildrenOnly);
+        profile->findChild<PageWatch *>(QLatin1String(WatchName), Qt::FindDirectChildrenOnly);
     return watch != nullptr ? *watch : *new PageWatch(profile);
 }
 
 PageWatch::PageWatch(QWebEngineProfile *profile)
     : QObject(profile)
 {
-    setObjectName(QLatin1String(watchName));
+    setObjectName(QLatin1String(WatchName));
     connect(&timer, &QTimer::timeout, this, &PageWatch::Tick);
     if (!IsForDevelopers())
         timer.start(patience.interval);

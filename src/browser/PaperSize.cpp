@@ -6,7 +6,7 @@
 namespace Tesk {
 namespace {
 
-constexpr std::array letterTerritories = {
+constexpr std::array LetterTerritories = {
     QLocale::Belize,       QLocale::Canada,     QLocale::Chile,       QLocale::Colombia,
     QLocale::CostaRica,    QLocale::ElSalvador, QLocale::Guatemala,   QLocale::Mexico,
     QLocale::Nicaragua,    QLocale::Panama,     QLocale::Philippines, QLocale::PuertoRico,
@@ -17,8 +17,8 @@ constexpr std::array letterTerritories = {
 
 QPageSize UsualPaperSize(const QLocale &locale)
 {
-    const bool isLetter = std::find(letterTerritories.cbegin(), letterTerritories.cend(),
-                                    locale.territory()) != letterTerritories.cend();
+    const bool isLetter = std::find(LetterTerritories.cbegin(), LetterTerritories.cend(),
+                                    locale.territory()) != LetterTerritories.cend();
     return QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4);
 }
 

@@ -14,7 +14,7 @@ namespace Tesk {
 namespace {
 
 /// Fine enough for the smallest print of a page, and 62 MB for the picture of an A4 sheet.
-constexpr int pictureResolution = 400; // dots per inch
+constexpr int PictureResolution = 400; // dots per inch
 
 QList<int> SheetsToPaint(int count, const QPageRanges &sheets, const QPrinter &printer)
 {
@@ -54,7 +54,7 @@ QImage Picture(const QByteArray &pdf, int sheet, const QSizeF &paper)
     reader.jumpToImage(sheet - 1);
     reader.setBackgroundColor(Qt::white);
     reader.setScaledSize(
-        reader.size().scaled((paper * pictureResolution).toSize(), Qt::KeepAspectRatio));
+        reader.size().scaled((paper * PictureResolution).toSize(), Qt::KeepAspectRatio));
     QImage picture = reader.read();
     if (picture.isNull())
         throw FileError(QStringLiteral("Sheet %1 of the document cannot be read: %2")

@@ -18,7 +18,7 @@
 namespace Tesk {
 namespace {
 
-const char *const schemeName = "mk";
+const char *const SchemeName = "mk";
 
 /// The endings that pages live on; the desktop's table of types may be edited by its user, and a
 /// page must not turn into a download by that. No character set: the pages name their own.
@@ -86,7 +86,7 @@ private:
 
 void ResourceScheme::Register()
 {
-    QWebEngineUrlScheme scheme(schemeName);
+    QWebEngineUrlScheme scheme(SchemeName);
     scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);
     scheme.setFlags(QWebEngineUrlScheme::SecureScheme | QWebEngineUrlScheme::LocalScheme |
                     QWebEngineUrlScheme::LocalAccessAllowed);
@@ -95,7 +95,7 @@ void ResourceScheme::Register()
 
 void ResourceScheme::Install(QWebEngineProfile *profile, const QString &containerPath)
 {
-    profile->installUrlSchemeHandler(schemeName, new ResourceHandler(containerPath, profile));
+    profile->installUrlSchemeHandler(SchemeName, new ResourceHandler(containerPath, profile));
 }
 
 } // namespace Tesk

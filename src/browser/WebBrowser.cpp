@@ -29,7 +29,7 @@ namespace Tesk {
 namespace {
 
 /// Longer than the engine takes for the sheets of thousands of lines.
-constexpr std::chrono::minutes longestHold{5};
+constexpr std::chrono::minutes LongestHold{5};
 
 /// Other addresses are never the program's pages: blank pages, our own messages.
 bool IsContent(const QUrl &url)
@@ -38,10 +38,10 @@ bool IsContent(const QUrl &url)
 }
 
 /// The engine's number for a refusal of the gate.
-constexpr int blockedByClient = -20;
+constexpr int BlockedByClient = -20;
 
 /// The engine's number for a file or member that does not exist.
-constexpr int fileNotFound = -6;
+constexpr int FileNotFound = -6;
 
 bool DiffersInFragmentOnly(const QUrl &left, const QUrl &right)
 {
@@ -97,7 +97,7 @@ WebBrowser::~WebBrowser()
     if (!hold.expired()) {
         QEventLoop loop;
         endOfHold = [&loop] { loop.quit(); };
-        QTimer::singleShot(longestHold, &loop, &QEventLoop::quit);
+        QTimer::singleShot(LongestHold, &loop, &QEventLoop::quit);
         loop.exec(QEventLoop::ExcludeUserInputEvents);
         if (const std::shared_ptr<PageHold> held = hold.lock()) {
             held->Forget();
@@ -203,11 +203,11 @@ void WebBrowser::OnLoading(const QWebEngineLoadingInfo &info)
         if (info.errorCode() == 0)
             break;
         // The gate refused and said so; the page that asked stays.
-        if (info.errorCode() == blockedByClient) {
+        if (info.errorCode() == BlockedByClient) {
             ReportEndedLoad(info.url());
             break;
         }
-        ShowFailure(info.url(), info.errorCode() == fileNotFound
+        ShowFailure(info.url(), info.errorCode() == FileNotFound
                                     ? PageError::Missing()
                                     : PageError::Unreadable(info.errorString()));
         break;
@@ -370,9 +370,9 @@ void WebBrowser::ReportChanges(const QVariant &result, const QList<ElementChange
     const int number = result.toInt(&isNumber);
     if (!isNumber) {
         qCWarning(browserLog, "changes for %ls: the page gave no answer", qUtf16Printable(address));
-    } else if (number == PageScript::allChangesMade) {
+    } else if (number == PageScript::AllChangesMade) {
         qCInfo(changesLog, "%ls is filled", qUtf16Printable(address));
-    } else if (number == PageScript::otherDocument) {
+    } else if (number == PageScript::OtherDocument) {
         qCWarning(browserLog, "changes for %ls dropped: the page has moved on",
                   qUtf16Printable(address));
     } else if (number >= 0 && number < changes.size()) {

@@ -12,9 +12,9 @@ namespace Sqlite2 {
 
 namespace {
 
-constexpr std::array<std::string_view, 9> columnConstraintWords{
+constexpr std::array<std::string_view, 9> ColumnConstraintWords{
     "CONSTRAINT", "NOT", "NULL", "PRIMARY", "UNIQUE", "CHECK", "DEFAULT", "REFERENCES", "COLLATE"};
-constexpr std::array<std::string_view, 5> tableConstraintWords{"CONSTRAINT", "PRIMARY", "UNIQUE",
+constexpr std::array<std::string_view, 5> TableConstraintWords{"CONSTRAINT", "PRIMARY", "UNIQUE",
                                                                "CHECK", "FOREIGN"};
 
 bool IsOneOf(const Token &token, std::span<const std::string_view> words)
@@ -36,7 +36,7 @@ public:
         declaration.table.name = reader.ExpectName("a table");
         reader.Expect('(');
         do {
-            if (IsOneOf(reader.Current(), tableConstraintWords))
+            if (IsOneOf(reader.Current(), TableConstraintWords))
                 ParseTableConstraints();
             else
                 ParseColumn();
@@ -73,7 +73,7 @@ private:
     {
         const std::size_t begin = reader.Current().begin;
         std::size_t end = begin;
-        while (!IsAtItemEnd() && !IsOneOf(reader.Current(), columnConstraintWords)) {
+        while (!IsAtItemEnd() && !IsOneOf(reader.Current(), ColumnConstraintWords)) {
             if (reader.Current().IsSymbol('(')) {
                 end = SkipTypeSize();
                 continue;

@@ -10,7 +10,7 @@ namespace Sqlite2 {
 namespace {
 
 /// Any number will do; a program that has the file open notices by it that the schema changed.
-constexpr std::uint32_t firstSchemaVersion = 1;
+constexpr std::uint32_t FirstSchemaVersion = 1;
 
 } // namespace
 
@@ -25,18 +25,18 @@ void PutNumber(std::string &bytes, std::size_t offset, std::uint32_t number, std
 
 FileBuilder::FileBuilder(ByteOrder byteOrder)
     : order(byteOrder)
-    , bytes(Format::masterRootPage * Format::pageSize, '\0')
+    , bytes(Format::MasterRootPage * Format::PageSize, '\0')
 {
-    bytes.replace(0, Format::headerText.size(), Format::headerText);
-    PutNumber(bytes, Format::byteOrderMarkOffset, Format::byteOrderMark, 4, order);
-    PutNumber(bytes, Format::schemaVersionOffset, firstSchemaVersion, 4, order);
-    PutNumber(bytes, Format::fileFormatOffset, Format::newestFileFormat, 4, order);
+    bytes.replace(0, Format::HeaderText.size(), Format::HeaderText);
+    PutNumber(bytes, Format::ByteOrderMarkOffset, Format::ByteOrderMark, 4, order);
+    PutNumber(bytes, Format::SchemaVersionOffset, FirstSchemaVersion, 4, order);
+    PutNumber(bytes, Format::FileFormatOffset, Format::NewestFileFormat, 4, order);
 }
 
 std::uint32_t FileBuilder::AddPage()
 {
-    bytes.append(Format::pageSize, '\0');
-    const std::size_t number = bytes.size() / Format::pageSize;
+    bytes.append(Format::PageSize, '\0');
+    const std::size_t number = bytes.size() / Format::PageSize;
     if (number > std::numeric_limits<std::int32_t>::max())
         throw Error("the database has more pages than the format can number");
     return static_cast<std::uint32_t>(number);
@@ -44,7 +44,7 @@ std::uint32_t FileBuilder::AddPage()
 
 void FileBuilder::SetPage(std::uint32_t number, std::string_view page)
 {
-    bytes.replace((number - std::size_t{1}) * Format::pageSize, Format::pageSize, page);
+    bytes.replace((number - std::size_t{1}) * Format::PageSize, Format::PageSize, page);
 }
 
 std::uint32_t FileBuilder::AddOverflowChain(std::string_view payload)
@@ -52,13 +52,13 @@ std::uint32_t FileBuilder::AddOverflowChain(std::string_view payload)
     const std::uint32_t first = AddPage();
     std::uint32_t current = first;
     while (true) {
-        const std::string_view part = payload.substr(0, Format::overflowPayload);
+        const std::string_view part = payload.substr(0, Format::OverflowPayload);
         payload.remove_prefix(part.size());
         const std::uint32_t next = payload.empty() ? 0 : AddPage();
 
-        std::string page(Format::pageSize, '\0');
-        PutNumber(page, 0, next, Format::pageNumberSize, order);
-        page.replace(Format::pageNumberSize, part.size(), part);
+        std::string page(Format::PageSize, '\0');
+        PutNumber(page, 0, next, Format::PageNumberSize, order);
+        page.replace(Format::PageNumberSize, part.size(), part);
         SetPage(current, page);
         if (next == 0)
             return first;

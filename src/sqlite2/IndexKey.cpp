@@ -13,18 +13,18 @@ namespace Sqlite2 {
 
 namespace {
 
-constexpr std::string_view base64Digits =
+constexpr std::string_view Base64Digits =
     "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz|~";
-constexpr int bitsPerDigit = 6;
-constexpr int exponentBias = 1024;
-constexpr int maxMantissaDigits = 10;
+constexpr int BitsPerDigit = 6;
+constexpr int ExponentBias = 1024;
+constexpr int MaxMantissaDigits = 10;
 
-constexpr std::string_view infinity = "0~~~~~~~~~~~~";
-constexpr std::string_view negativeInfinity = "-00";
+constexpr std::string_view Infinity = "0~~~~~~~~~~~~";
+constexpr std::string_view NegativeInfinity = "-00";
 
 char Digit(int value)
 {
-    return base64Digits[static_cast<std::size_t>(value & 0x3f)];
+    return Base64Digits[static_cast<std::size_t>(value & 0x3f)];
 }
 
 double ToDouble(std::string_view text)
@@ -49,10 +49,10 @@ double ToDouble(std::string_view text)
 std::string EncodeNumber(double number)
 {
     if (std::isinf(number))
-        return std::string(number > 0 ? infinity : negativeInfinity);
+        return std::string(number > 0 ? Infinity : NegativeInfinity);
 
     const bool isNegative = number < 0;
-    int exponent = -exponentBias;
+    int exponent = -ExponentBias;
     double mantissa = 0;
     if (number != 0) {
         // The mantissa comes to lie from 1/128 up to 1/2, so that its first digit, with one half
@@ -60,15 +60,15 @@ std::string EncodeNumber(double number)
         int binaryExponent = 0;
         const double fraction = std::frexp(std::fabs(number), &binaryExponent);
         exponent = static_cast<int>(
-            std::floor(static_cast<double>(binaryExponent + bitsPerDigit) / bitsPerDigit));
-        mantissa = std::ldexp(fraction, binaryExponent - bitsPerDigit * exponent);
+            std::floor(static_cast<double>(binaryExponent + BitsPerDigit) / BitsPerDigit));
+        mantissa = std::ldexp(fraction, binaryExponent - BitsPerDigit * exponent);
     }
 
-    const int stored = exponentBias + (isNegative ? -exponent : exponent);
-    std::string text{isNegative ? '-' : '0', Digit(stored >> bitsPerDigit), Digit(stored)};
+    const int stored = ExponentBias + (isNegative ? -exponent : exponent);
+    std::string text{isNegative ? '-' : '0', Digit(stored >> BitsPerDigit), Digit(stored)};
     double rest = 0.5 + (isNegative ? -mantissa : mantissa);
-    for (int count = 0; rest > 0 && count < maxMantissaDigits; ++count) {
-        rest *= 1 << bitsPerDigit;
+    for (int count = 0; rest > 0 && count < MaxMantissaDigits; ++count) {
+        rest *= 1 << BitsPerDigit;
         const int digit = static_cast<int>(rest);
         text.push_back(Digit(digit));
         rest -= digit;

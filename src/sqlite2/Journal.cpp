@@ -10,44 +10,44 @@ namespace Sqlite2 {
 
 namespace {
 
-constexpr std::string_view journalMark{"\xd9\xd5\x05\xf9\x20\xa1\x63\xd6", 8};
-constexpr std::size_t recordCountOffset = 8;
-constexpr std::size_t checksumSeedOffset = 12;
-constexpr std::size_t pageCountOffset = 16;
-constexpr std::size_t headerSize = 20;
-constexpr std::size_t recordSize =
-    Format::pageNumberSize + Format::pageSize + sizeof(std::uint32_t);
+constexpr std::string_view JournalMark{"\xd9\xd5\x05\xf9\x20\xa1\x63\xd6", 8};
+constexpr std::size_t RecordCountOffset = 8;
+constexpr std::size_t ChecksumSeedOffset = 12;
+constexpr std::size_t PageCountOffset = 16;
+constexpr std::size_t HeaderSize = 20;
+constexpr std::size_t RecordSize =
+    Format::PageNumberSize + Format::PageSize + sizeof(std::uint32_t);
 
 } // namespace
 
 std::string RollBack(std::string database, std::string_view journal)
 {
-    if (journal.size() < headerSize)
+    if (journal.size() < HeaderSize)
         return database;
-    if (!journal.starts_with(journalMark))
+    if (!journal.starts_with(JournalMark))
         throw Error(
             "the journal beside the database is of an unknown kind, so the state before the "
             "unfinished write cannot be restored");
 
     const ByteView view(journal, ByteOrder::Big);
-    const std::uint32_t checksumSeed = view.Number32(checksumSeedOffset);
-    const std::size_t pageCount = view.Number32(pageCountOffset);
-    const std::size_t recordsPresent = (journal.size() - headerSize) / recordSize;
+    const std::uint32_t checksumSeed = view.Number32(ChecksumSeedOffset);
+    const std::size_t pageCount = view.Number32(PageCountOffset);
+    const std::size_t recordsPresent = (journal.size() - HeaderSize) / RecordSize;
     const std::size_t recordCount =
-        std::min<std::size_t>(view.Number32(recordCountOffset), recordsPresent);
+        std::min<std::size_t>(view.Number32(RecordCountOffset), recordsPresent);
 
-    const std::size_t pagesInFile = database.size() / Format::pageSize;
+    const std::size_t pagesInFile = database.size() / Format::PageSize;
     if (pageCount > pagesInFile + recordCount)
         throw Error("the journal beside the database speaks of more pages than there are");
 
-    database.resize(pageCount * Format::pageSize);
+    database.resize(pageCount * Format::PageSize);
     std::vector<bool> isPresent(pageCount, false);
     std::fill_n(isPresent.begin(), std::min(pagesInFile, pageCount), true);
 
     for (std::size_t i = 0; i < recordCount; ++i) {
-        const std::size_t record = headerSize + i * recordSize;
+        const std::size_t record = HeaderSize + i * RecordSize;
         const std::uint32_t pageNumber = view.Number32(record);
-        const std::uint32_t checksum = view.Number32(record + recordSize - sizeof(checksum));
+        const std::uint32_t checksum = view.Number32(record + RecordSize - sizeof(checksum));
         if (checksum != pageNumber + checksumSeed)
             break;
         if (pageNumber == 0)
@@ -55,8 +55,8 @@ std::string RollBack(std::string database, std::string_view journal)
         // Pages behind the old end are not part of the state before the write.
         if (pageNumber > pageCount)
             continue;
-        const std::string_view page = view.Slice(record + Format::pageNumberSize, Format::pageSize);
-        database.replace((pageNumber - 1) * Format::pageSize, Format::pageSize, page);
+        const std::string_view page = view.Slice(record + Format::PageNumberSize, Format::PageSize);
+        database.replace((pageNumber - 1) * Format::PageSize, Format::PageSize, page);
         isPresent[pageNumber - 1] = true;
     }
 

@@ -52,7 +52,7 @@ std::vector<NewIndex::Entry> NewIndex::SortedEntries() const
 void NewIndex::RequireUnique(const std::vector<Entry> &entries) const
 {
     const auto columnKeys = [](const Entry &entry) {
-        return std::string_view(entry.key).substr(0, entry.key.size() - Format::rowKeySize);
+        return std::string_view(entry.key).substr(0, entry.key.size() - Format::RowKeySize);
     };
     const auto equal = std::ranges::adjacent_find(entries, [&](const Entry &a, const Entry &b) {
         return !a.holdsNull && columnKeys(a) == columnKeys(b);

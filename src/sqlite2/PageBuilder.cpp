@@ -14,13 +14,13 @@ void PutCell(std::string &page, std::size_t offset, const NewCell &cell, std::si
     const auto put = [&](std::size_t field, std::size_t number, std::size_t size) {
         PutNumber(page, offset + field, static_cast<std::uint32_t>(number), size, order);
     };
-    put(Format::cellLeftChild, cell.leftChild, 4);
-    put(Format::cellKeySizeLow, cell.keySize & 0xffff, 2);
-    put(Format::cellNext, next, 2);
-    put(Format::cellKeySizeHigh, cell.keySize >> 16, 1);
-    put(Format::cellDataSizeHigh, cell.dataSize >> 16, 1);
-    put(Format::cellDataSizeLow, cell.dataSize & 0xffff, 2);
-    page.replace(offset + Format::cellHeaderSize, cell.content.size(), cell.content);
+    put(Format::CellLeftChild, cell.leftChild, 4);
+    put(Format::CellKeySizeLow, cell.keySize & 0xffff, 2);
+    put(Format::CellNext, next, 2);
+    put(Format::CellKeySizeHigh, cell.keySize >> 16, 1);
+    put(Format::CellDataSizeHigh, cell.dataSize >> 16, 1);
+    put(Format::CellDataSizeLow, cell.dataSize & 0xffff, 2);
+    page.replace(offset + Format::CellHeaderSize, cell.content.size(), cell.content);
 }
 
 } // namespace
@@ -32,7 +32,7 @@ std::size_t NewCell::Size() const
 
 NewCell MakeCell(FileBuilder &file, std::string_view key, std::string_view data)
 {
-    if (key.size() > Format::maxKeySize || data.size() > Format::maxDataSize)
+    if (key.size() > Format::MaxKeySize || data.size() > Format::MaxDataSize)
         throw Error("an entry is too large for the file format");
 
     NewCell cell;
@@ -40,12 +40,12 @@ NewCell MakeCell(FileBuilder &file, std::string_view key, std::string_view data)
     cell.dataSize = data.size();
     cell.content.reserve(key.size() + data.size());
     cell.content.append(key).append(data);
-    if (cell.content.size() > Format::maxLocalPayload) {
+    if (cell.content.size() > Format::MaxLocalPayload) {
         const std::string_view payload = cell.content;
         const std::uint32_t overflow =
-            file.AddOverflowChain(payload.substr(Format::maxLocalPayload));
-        cell.content.resize(Format::maxLocalPayload + Format::pageNumberSize);
-        PutNumber(cell.content, Format::maxLocalPayload, overflow, Format::pageNumberSize,
+            file.AddOverflowChain(payload.substr(Format::MaxLocalPayload));
+        cell.content.resize(Format::MaxLocalPayload + Format::PageNumberSize);
+        PutNumber(cell.content, Format::MaxLocalPayload, overflow, Format::PageNumberSize,
                   file.Order());
     }
     return cell;
@@ -53,23 +53,23 @@ NewCell MakeCell(FileBuilder &file, std::string_view key, std::string_view data)
 
 std::size_t CellSpace()
 {
-    return Format::pageSize - Format::pageHeaderSize;
+    return Format::PageSize - Format::PageHeaderSize;
 }
 
 std::string BuildPage(const std::vector<NewCell> &cells, std::uint32_t rightChild, ByteOrder order)
 {
-    std::string page(Format::pageSize, '\0');
-    std::size_t offset = Format::pageHeaderSize;
+    std::string page(Format::PageSize, '\0');
+    std::size_t offset = Format::PageHeaderSize;
     for (const NewCell &cell : cells) {
         const std::size_t end = offset + cell.Size();
         PutCell(page, offset, cell, &cell == &cells.back() ? 0 : end, order);
         offset = end;
     }
 
-    const std::size_t free = Format::pageSize - offset;
-    PutNumber(page, Format::rightChildOffset, rightChild, 4, order);
-    PutNumber(page, Format::firstCellOffset, cells.empty() ? 0 : Format::pageHeaderSize, 2, order);
-    PutNumber(page, Format::firstFreeBlockOffset, free > 0 ? static_cast<std::uint32_t>(offset) : 0,
+    const std::size_t free = Format::PageSize - offset;
+    PutNumber(page, Format::RightChildOffset, rightChild, 4, order);
+    PutNumber(page, Format::FirstCellOffset, cells.empty() ? 0 : Format::PageHeaderSize, 2, order);
+    PutNumber(page, Format::FirstFreeBlockOffset, free > 0 ? static_cast<std::uint32_t>(offset) : 0,
               2, order);
     if (free > 0)
         PutNumber(page, offset, static_cast<std::uint32_t>(free), 2, order);

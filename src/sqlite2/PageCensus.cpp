@@ -13,20 +13,20 @@ namespace Sqlite2 {
 namespace {
 
 /// All leaves lie equally deep under pages of two children or more, and page numbers have 32 bits.
-constexpr int deepestPage = 32;
+constexpr int DeepestPage = 32;
 
 /// An engine that was stopped early leaves a table's first page as it was given out.
 bool IsUnwritten(const ByteView &page)
 {
-    return page.Slice(0, Format::pageSize).find_first_not_of('\0') == std::string_view::npos;
+    return page.Slice(0, Format::PageSize).find_first_not_of('\0') == std::string_view::npos;
 }
 
 void TakeFreeBlocks(const ByteView &page, PageCover &cover)
 {
-    std::size_t block = page.Number16(Format::firstFreeBlockOffset);
+    std::size_t block = page.Number16(Format::FirstFreeBlockOffset);
     while (block != 0) {
-        cover.Take(block, page.Number16(block + Format::freeBlockSize));
-        block = page.Number16(block + Format::freeBlockNext);
+        cover.Take(block, page.Number16(block + Format::FreeBlockSize));
+        block = page.Number16(block + Format::FreeBlockNext);
     }
 }
 
@@ -47,7 +47,7 @@ PageCensus::PageCensus(const PageFile &pageFile)
     : file(pageFile)
     , isTaken(pageFile.PageCount() + std::size_t{1}, false)
 {
-    Take(Format::headerPage);
+    Take(Format::HeaderPage);
 }
 
 void PageCensus::AddTree(std::uint32_t rootPage)
@@ -57,18 +57,18 @@ void PageCensus::AddTree(std::uint32_t rootPage)
 
 void PageCensus::AddFreeList()
 {
-    const ByteView header = file.Page(Format::headerPage);
-    const std::uint32_t expected = header.Number32(Format::freePageCountOffset);
+    const ByteView header = file.Page(Format::HeaderPage);
+    const std::uint32_t expected = header.Number32(Format::FreePageCountOffset);
     std::uint32_t count = 0;
-    std::uint32_t trunk = header.Number32(Format::firstFreePageOffset);
+    std::uint32_t trunk = header.Number32(Format::FirstFreePageOffset);
     while (trunk != 0) {
         Take(trunk);
         const ByteView page = file.Page(trunk);
-        const std::uint32_t listed = page.Number32(Format::freeListCount);
+        const std::uint32_t listed = page.Number32(Format::FreeListCount);
         for (std::uint32_t i = 0; i < listed; ++i)
-            Take(page.Number32(Format::freeListPages + i * Format::pageNumberSize));
+            Take(page.Number32(Format::FreeListPages + i * Format::PageNumberSize));
         count += 1 + listed;
-        trunk = page.Number32(Format::freeListNext);
+        trunk = page.Number32(Format::FreeListNext);
     }
     if (count != expected)
         throw Error("the list of free pages has " + std::to_string(count) +
@@ -77,7 +77,7 @@ void PageCensus::AddFreeList()
 
 void PageCensus::RequireAllPages() const
 {
-    const auto missing = std::find(isTaken.begin() + Format::headerPage, isTaken.end(), false);
+    const auto missing = std::find(isTaken.begin() + Format::HeaderPage, isTaken.end(), false);
     if (missing != isTaken.end())
         throw Error("page " + std::to_string(missing - isTaken.begin()) +
                     " is part of nothing: a link to it is damaged");
@@ -93,7 +93,7 @@ void PageCensus::Take(std::uint32_t page)
 
 void PageCensus::TakeTreePage(std::uint32_t number, int depth)
 {
-    if (depth > deepestPage)
+    if (depth > DeepestPage)
         throw Error("page " + std::to_string(number) + " lies deeper than a tree can be");
     Take(number);
     const ByteView page = file.Page(number);
@@ -101,10 +101,10 @@ void PageCensus::TakeTreePage(std::uint32_t number, int depth)
     if (isRoot && IsUnwritten(page))
         return;
 
-    const std::uint32_t rightChild = page.Number32(Format::rightChildOffset);
+    const std::uint32_t rightChild = page.Number32(Format::RightChildOffset);
     const bool isLeaf = rightChild == 0;
     PageCover cover;
-    std::size_t offset = page.Number16(Format::firstCellOffset);
+    std::size_t offset = page.Number16(Format::FirstCellOffset);
     if (!isRoot && offset == 0)
         throw Error("page " + std::to_string(number) + " is damaged: it has no entries");
     while (offset != 0) {
@@ -131,11 +131,11 @@ void PageCensus::TakeTreePage(std::uint32_t number, int depth)
 void PageCensus::TakeOverflow(std::uint32_t firstPage, std::size_t size)
 {
     std::uint32_t page = firstPage;
-    for (std::size_t left = size; left > 0; left -= std::min(left, Format::overflowPayload)) {
+    for (std::size_t left = size; left > 0; left -= std::min(left, Format::OverflowPayload)) {
         if (page == 0)
             throw Error("an overflow chain ends before its entry is complete");
         Take(page);
-        page = file.Page(page).Number32(Format::nextOverflowPage);
+        page = file.Page(page).Number32(Format::NextOverflowPage);
     }
     if (page != 0)
         throw Error("an overflow chain goes on behind the end of its entry");

@@ -20,7 +20,7 @@ public:
     void RequireAll() const;
 
 private:
-    std::bitset<Format::pageSize / Format::alignment> isTaken;
+    std::bitset<Format::PageSize / Format::Alignment> isTaken;
 };
 
 } // namespace Sqlite2

@@ -55,7 +55,7 @@ Reader::~Reader() = default;
 
 bool Reader::IsVersion2File(const std::filesystem::path &fileName)
 {
-    return PageFile::HasHeaderText(ReadFileBeginning(fileName, Format::headerText.size()));
+    return PageFile::HasHeaderText(ReadFileBeginning(fileName, Format::HeaderText.size()));
 }
 
 const std::vector<Table> &Reader::Tables() const

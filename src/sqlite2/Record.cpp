@@ -8,7 +8,7 @@ namespace Sqlite2 {
 namespace {
 
 /// Record offsets are little-endian in files of either byte order.
-constexpr ByteOrder recordByteOrder = ByteOrder::Little;
+constexpr ByteOrder RecordByteOrder = ByteOrder::Little;
 
 std::size_t OffsetWidth(std::size_t recordSize)
 {
@@ -48,7 +48,7 @@ void DecodeValue(std::string_view stored, Value &value)
 
 void DecodeRecord(std::string_view record, std::size_t valueCount, Row &row)
 {
-    const ByteView view(record, recordByteOrder);
+    const ByteView view(record, RecordByteOrder);
     const std::size_t width = OffsetWidth(record.size());
     std::size_t begin = view.Number(0, width);
     if (begin != (valueCount + 1) * width)
@@ -79,7 +79,7 @@ std::string EncodeRecord(const Row &row)
     std::size_t width = 1;
     while (width < 3 && OffsetWidth(offsetCount * width + valueBytes) > width)
         ++width;
-    if (offsetCount * width + valueBytes > Format::maxDataSize)
+    if (offsetCount * width + valueBytes > Format::MaxDataSize)
         throw Error("a row is too large for the file format");
 
     std::string record;

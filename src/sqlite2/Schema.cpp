@@ -10,14 +10,14 @@ namespace Sqlite2 {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> textTypeMarks{"CHAR", "TEXT", "CLOB", "BLOB"};
+constexpr std::array<std::string_view, 4> TextTypeMarks{"CHAR", "TEXT", "CLOB", "BLOB"};
 
 } // namespace
 
 TypeClass Column::Class() const
 {
     const std::string upperType = ToUpper(declaredType);
-    const bool isText = std::ranges::any_of(textTypeMarks, [&](std::string_view mark) {
+    const bool isText = std::ranges::any_of(TextTypeMarks, [&](std::string_view mark) {
         return upperType.find(mark) != std::string::npos;
     });
     return isText ? TypeClass::Text : TypeClass::Numeric;

@@ -133,9 +133,9 @@ private:
 std::vector<Table> ReadSchema(const PageFile &file)
 {
     PageCensus pages(file);
-    pages.AddTree(Format::masterRootPage);
+    pages.AddTree(Format::MasterRootPage);
     SchemaBuilder builder(pages);
-    TreeWalk walk(file, Format::masterRootPage);
+    TreeWalk walk(file, Format::MasterRootPage);
     for (Row row; walk.Next();) {
         DecodeRecord(walk.Data(), columnCount, row);
         builder.Add(row);

@@ -9,8 +9,8 @@ namespace Sqlite2 {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\n\f\r";
-constexpr std::string_view symbols = "()+-*/%=<>!|&~,;.?:#@$^{}\\";
+constexpr std::string_view Blanks = " \t\n\f\r";
+constexpr std::string_view Symbols = "()+-*/%=<>!|&~,;.?:#@$^{}\\";
 
 bool IsNameCharacter(char c)
 {
@@ -47,7 +47,7 @@ private:
     {
         while (at < sql.size()) {
             const std::string_view rest = sql.substr(at);
-            if (blanks.find(rest.front()) != std::string_view::npos)
+            if (Blanks.find(rest.front()) != std::string_view::npos)
                 ++at;
             else if (rest.starts_with("--"))
                 at = EndOf("\n", at);
@@ -107,7 +107,7 @@ private:
 
     void ScanSymbol(Token &token, char symbol)
     {
-        if (symbols.find(symbol) == std::string_view::npos)
+        if (Symbols.find(symbol) == std::string_view::npos)
             throw Error("character " + std::to_string(at + 1) + " is none that SQL uses");
         token.kind = Token::Kind::Symbol;
         token.text.assign(1, symbol);

@@ -20,7 +20,7 @@ bool TreeWalk::Next()
         const ByteView page = file.Page(position.page);
         if (position.cell == 0) {
             path.pop_back();
-            if (const std::uint32_t child = page.Number32(Format::rightChildOffset); child != 0)
+            if (const std::uint32_t child = page.Number32(Format::RightChildOffset); child != 0)
                 EnterLeftmost(child);
             continue;
         }
@@ -42,7 +42,7 @@ void TreeWalk::EnterLeftmost(std::uint32_t pageNumber)
 {
     while (pageNumber != 0) {
         const ByteView page = file.Page(pageNumber);
-        const std::uint32_t firstCell = page.Number16(Format::firstCellOffset);
+        const std::uint32_t firstCell = page.Number16(Format::FirstCellOffset);
         path.push_back({pageNumber, firstCell});
         if (firstCell == 0)
             return;
@@ -63,8 +63,8 @@ void TreeWalk::ReadPayload(const Cell &cell)
         const ByteView page = file.Page(pageNumber);
         const std::size_t missing = cell.PayloadSize() - assembled.size();
         assembled.append(
-            page.Slice(Format::pageNumberSize, std::min(missing, Format::overflowPayload)));
-        pageNumber = page.Number32(Format::nextOverflowPage);
+            page.Slice(Format::PageNumberSize, std::min(missing, Format::OverflowPayload)));
+        pageNumber = page.Number32(Format::NextOverflowPage);
     }
     payload = assembled;
 }

@@ -135,7 +135,7 @@ std::string Writer::Private::Bytes() const
         master.Insert({entry.IsTable() ? "table" : "index", entry.Name(), entry.tableName,
                        std::to_string(rootPage), entry.sql});
     }
-    master.Build(file, Format::masterRootPage);
+    master.Build(file, Format::MasterRootPage);
     return file.Bytes();
 }
 

@@ -308,7 +308,7 @@ void TestHostileContent::testFloodOfCartRequestsEnds()
     ClickInTree(catalogue, FindLongLeaf(catalogue));
     QVERIFY(catalogue.WaitForFilledPage(QStringLiteral("product_list.html")));
     // A page that pauses for a second may ask anew.
-    QVERIFY(closer.count >= DialogLimit::longestRow);
+    QVERIFY(closer.count >= DialogLimit::LongestRow);
 }
 
 int main(int argc, char **argv)

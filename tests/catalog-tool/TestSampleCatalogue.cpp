@@ -16,7 +16,7 @@ using namespace Tesk;
 
 namespace {
 
-const QString directory = QStringLiteral(APPLICATION_DIRECTORY);
+const QString Directory = QStringLiteral(APPLICATION_DIRECTORY);
 
 /// A column of a result, without its name.
 QStringList Column(const ResultTable &table, const char *name)
@@ -45,7 +45,7 @@ private Q_SLOTS:
     {
         controller.InitApplication();
         tree.Fill(controller.Queries().QueryCategories());
-        container = std::make_unique<ContainerReader>(directory + QLatin1String("/resources.chm"));
+        container = std::make_unique<ContainerReader>(Directory + QLatin1String("/resources.chm"));
         for (const auto &node : tree.Nodes()) {
             if (!node->HasChildren())
                 lists.push_back(controller.Queries().QueryProductsOfCategory(node->tag));
@@ -240,14 +240,14 @@ private Q_SLOTS:
         const ResultTable all = controller.Queries().SearchByArtNr(QStringLiteral(" "));
         for (const QString &artNr : Column(all, "p.artNr"))
             count += controller.HasPdfDocument(artNr) ? 1 : 0;
-        const QDir sheets(directory + QLatin1String("/PDF"));
+        const QDir sheets(Directory + QLatin1String("/PDF"));
         QCOMPARE(count, sheets.entryList({QStringLiteral("*.pdf")}, QDir::Files).size());
         QVERIFY(count >= 3);
     }
 
     void testPriceListLoads()
     {
-        controller.Prices().LoadPriceList(directory + QLatin1String("/price_list.txt"));
+        controller.Prices().LoadPriceList(Directory + QLatin1String("/price_list.txt"));
         const ResultTable list = controller.Queries().SearchByArtNr(QStringLiteral("AB 10/115"));
         QVERIFY(list.HasData());
         QVERIFY(controller.GetPrice(GetField(QStringLiteral("p.artNr"), list, 1))
@@ -264,7 +264,7 @@ private:
 
     QTemporaryDir ownFolder;
     Registry registry{ownFolder.filePath(QStringLiteral("settings.json"))};
-    Controller controller{directory, registry, ownFolder.filePath(QStringLiteral("cache")),
+    Controller controller{Directory, registry, ownFolder.filePath(QStringLiteral("cache")),
                           QLocale(QLocale::German, QLocale::Germany)};
     CategoryTree tree;
     std::vector<ResultTable> lists; ///< the products of each category without sub-categories

@@ -39,7 +39,7 @@ Outcome CrashAt(Writing &writing, int call, bool hasUnnamedFiles)
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status))
         throw std::runtime_error("the program that is to end cannot be run");
-    return {WEXITSTATUS(status) == SystemFaults::crashStatus, {}};
+    return {WEXITSTATUS(status) == SystemFaults::CrashStatus, {}};
 }
 
 /// Whether the lock's five lines are all there.

@@ -115,7 +115,7 @@ public:
         if (!database.Open(source))
             return QStringLiteral("the catalogue does not open");
         const ResultTable table = database.GetTable(QStringLiteral("SELECT x FROM a"));
-        if (table.UpperRow() != rowCount || table.Text(rowCount, 0) != text)
+        if (table.UpperRow() != RowCount || table.Text(RowCount, 0) != text)
             return QStringLiteral("the catalogue answers wrong");
         return log.Lines().join(u'\n');
     }
@@ -126,14 +126,14 @@ public:
     }
 
 private:
-    static constexpr int rowCount = 200;
+    static constexpr int RowCount = 200;
 
     void WriteSource(const char *value)
     {
         text = QLatin1String(value);
         Sqlite2::Writer writer;
         writer.CreateTable("CREATE TABLE a (x TEXT)");
-        for (int row = 0; row < rowCount; ++row)
+        for (int row = 0; row < RowCount; ++row)
             writer.InsertRow("a", {value});
         writer.Finish(source.toStdString());
     }

@@ -14,8 +14,8 @@ namespace Tesk {
 
 namespace {
 
-const QString productsOption = QStringLiteral("--products");
-const QString seedOption = QStringLiteral("--seed");
+const QString ProductsOption = QStringLiteral("--products");
+const QString SeedOption = QStringLiteral("--seed");
 
 struct OptionalNumber
 {
@@ -23,7 +23,7 @@ struct OptionalNumber
     std::optional<int> GeneratorOptions::*value;
 };
 
-constexpr std::array optionalNumbers{
+constexpr std::array OptionalNumbers{
     OptionalNumber{QLatin1String("--categories"), &GeneratorOptions::categories},
     OptionalNumber{QLatin1String("--references"), &GeneratorOptions::referenceNumbers},
     OptionalNumber{QLatin1String("--first-category"), &GeneratorOptions::firstLeafProducts},
@@ -50,13 +50,13 @@ int RunGenerate(const QStringList &arguments)
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const QString &argument = arguments[i];
         const auto *const number =
-            std::ranges::find(optionalNumbers, argument, &OptionalNumber::name);
-        if (argument == productsOption) {
+            std::ranges::find(OptionalNumbers, argument, &OptionalNumber::name);
+        if (argument == ProductsOption) {
             options.products = ToNumber(argument, arguments.value(++i), &QString::toInt);
             hasProducts = true;
-        } else if (argument == seedOption) {
+        } else if (argument == SeedOption) {
             options.seed = ToNumber(argument, arguments.value(++i), &QString::toUInt);
-        } else if (number != optionalNumbers.end()) {
+        } else if (number != OptionalNumbers.end()) {
             options.*number->value = ToNumber(argument, arguments.value(++i), &QString::toInt);
         } else if (argument.startsWith(QLatin1String("--"))) {
             throw UsageError(QStringLiteral("generate has no option %1").arg(argument));

@@ -14,9 +14,9 @@
 
 namespace {
 
-constexpr int usageStatus = 2;
+constexpr int UsageStatus = 2;
 
-constexpr char usage[] = R"(Makes, checks, queries and generates product catalogues.
+constexpr char Usage[] = R"(Makes, checks, queries and generates product catalogues.
 
   catalog-tool build SOURCES APPDIR
       makes an application directory of a catalogue's sources
@@ -63,7 +63,7 @@ int Run(int &argc, char **argv)
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     if (arguments.value(0) == QLatin1String("--help")) {
-        std::fputs(usage, stdout);
+        std::fputs(Usage, stdout);
         return EXIT_SUCCESS;
     }
     const auto command = commands.find(arguments.value(0));
@@ -81,8 +81,8 @@ int main(int argc, char **argv)
     try {
         return Run(argc, argv);
     } catch (const Tesk::UsageError &error) {
-        std::fprintf(stderr, "catalog-tool: %s\n\n%s", error.what(), usage);
-        return usageStatus;
+        std::fprintf(stderr, "catalog-tool: %s\n\n%s", error.what(), Usage);
+        return UsageStatus;
     } catch (const std::exception &error) {
         std::fprintf(stderr, "catalog-tool: %s\n", error.what());
         return EXIT_FAILURE;

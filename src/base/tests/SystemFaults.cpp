@@ -85,7 +85,7 @@ ssize_t Write(int file, const void *bytes, size_t size)
         return -1;
     case SystemFaults::Verdict::WriteHalfAndEnd:
         original(file, bytes, size / 2);
-        _exit(SystemFaults::crashStatus);
+        _exit(SystemFaults::CrashStatus);
     default:
         return original(file, bytes, size);
     }
@@ -136,7 +136,7 @@ SystemFaults::Verdict SystemFaults::Judge(bool needsRoom, bool isWrite)
     if (callCount != faultyCall)
         return Verdict::GoOn;
     if (!isWrite)
-        _exit(crashStatus);
+        _exit(CrashStatus);
     return Verdict::WriteHalfAndEnd;
 }
 

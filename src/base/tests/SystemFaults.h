@@ -20,7 +20,7 @@ public:
     };
 
     /// The exit status of a program that has ended so.
-    static constexpr int crashStatus = 77;
+    static constexpr int CrashStatus = 77;
 
     /// `hasUnnamedFiles`: whether the file system can make files without a name, which a program
     /// that ends cannot leave behind.

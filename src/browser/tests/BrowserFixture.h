@@ -73,7 +73,7 @@ public:
     {
         QSignalSpy complete(browser.get(), &WebBrowser::DocumentComplete);
         browser->Navigate(address);
-        return complete.wait(waitTime) && complete.first().first().toString() == address;
+        return complete.wait(WaitTime) && complete.first().first().toString() == address;
     }
 
     /// The result of a script in the page; an invalid value when none came.
@@ -89,7 +89,7 @@ public:
         });
         QTimer timeout;
         QObject::connect(&timeout, &QTimer::timeout, loop.get(), &QEventLoop::quit);
-        timeout.start(waitTime);
+        timeout.start(WaitTime);
         loop->exec();
         return *result;
     }
@@ -119,7 +119,7 @@ public:
     WebBrowser &Browser() { return *browser; }
     QWebEngineProfile &Profile() { return *profile; }
 
-    static constexpr int waitTime = 10'000;
+    static constexpr int WaitTime = 10'000;
 
 private:
     QTemporaryDir temporary;

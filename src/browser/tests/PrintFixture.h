@@ -39,7 +39,7 @@ public:
     static std::optional<PrintEnd> EndOfPrint(PagePrinter &printer)
     {
         QSignalSpy finished(&printer, &PagePrinter::Finished);
-        if (!printer.Print() || !finished.wait(waitTime))
+        if (!printer.Print() || !finished.wait(WaitTime))
             return std::nullopt;
         return finished.first().first().value<PrintEnd>();
     }

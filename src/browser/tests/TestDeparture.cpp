@@ -88,7 +88,7 @@ private Q_SLOTS:
     {
         Departure departure;
         departure.Begin(left, next);
-        for (int load = 0; load < Departure::mostLoads; ++load) {
+        for (int load = 0; load < Departure::MostLoads; ++load) {
             QVERIFY(departure.Refuses(left));
             QCOMPARE(departure.TakeUp(), next);
             departure.Begin(left, next);

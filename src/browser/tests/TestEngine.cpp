@@ -11,8 +11,8 @@ using namespace Tesk;
 
 namespace {
 
-const char *const sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
-const char *const switchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
+const char *const SandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
+const char *const SwitchesVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
 
 } // namespace
 
@@ -24,32 +24,32 @@ private Q_SLOTS:
     // The engine is configured once in a process, as in the program.
     void initTestCase()
     {
-        qunsetenv(sandboxVariable);
-        qputenv(switchesVariable, "--renderer-process-limit=7 --other");
+        qunsetenv(SandboxVariable);
+        qputenv(SwitchesVariable, "--renderer-process-limit=7 --other");
         ConfigureEngine();
     }
 
     void testSwitchesOfTheUserStay()
     {
-        const QByteArray switches = qgetenv(switchesVariable);
+        const QByteArray switches = qgetenv(SwitchesVariable);
         QVERIFY(switches.startsWith("--renderer-process-limit=7 --other "));
         QCOMPARE(switches.count("--renderer-process-limit"), 1);
     }
 
     void testNetworkIsSwitchedOff()
     {
-        QVERIFY(qgetenv(switchesVariable).contains("--host-resolver-rules=\"MAP * ~NOTFOUND\""));
+        QVERIFY(qgetenv(SwitchesVariable).contains("--host-resolver-rules=\"MAP * ~NOTFOUND\""));
     }
 
     void testSwitchWithoutAValueHasNone()
     {
-        QVERIFY((qgetenv(switchesVariable) + ' ').contains(" --disable-shared-workers "));
+        QVERIFY((qgetenv(SwitchesVariable) + ' ').contains(" --disable-shared-workers "));
     }
 
     void testSandboxStaysForEverybodyButRoot()
     {
 #ifdef Q_OS_UNIX
-        QCOMPARE(qEnvironmentVariableIsSet(sandboxVariable), geteuid() == 0);
+        QCOMPARE(qEnvironmentVariableIsSet(SandboxVariable), geteuid() == 0);
 #else
         QVERIFY(!qEnvironmentVariableIsSet(sandboxVariable));
 #endif

@@ -20,7 +20,7 @@ struct Attempt
 };
 using Attempts = std::vector<Attempt>;
 
-const char *const gate = "tesk.browser.gate";
+const char *const Gate = "tesk.browser.gate";
 
 } // namespace
 
@@ -219,8 +219,8 @@ private Q_SLOTS:
             browser.RunScript(WithHost(QString::fromUtf8(attempt.script)));
         for (const Attempt &attempt : attempts) {
             const QString refused = WithHost(QString::fromUtf8(attempt.refused));
-            QTRY_VERIFY2_WITH_TIMEOUT(log.Has(gate, {refused}), attempt.script,
-                                      BrowserFixture::waitTime);
+            QTRY_VERIFY2_WITH_TIMEOUT(log.Has(Gate, {refused}), attempt.script,
+                                      BrowserFixture::WaitTime);
         }
         QVERIFY(Text().startsWith(QStringLiteral("plain")));
     }
@@ -304,7 +304,7 @@ private Q_SLOTS:
         const LogCapture log;
         fixture.Evaluate(QStringLiteral("b.innerHTML = '<input type=file id=f>'; 1"));
         fixture.Click(QStringLiteral("f"));
-        QTRY_VERIFY(log.Has(gate, {QStringLiteral("choice of a file")}));
+        QTRY_VERIFY(log.Has(Gate, {QStringLiteral("choice of a file")}));
     }
 
 private:

@@ -15,7 +15,7 @@ using namespace Tesk;
 
 namespace {
 
-const char *const gate = "tesk.browser.gate";
+const char *const Gate = "tesk.browser.gate";
 
 /// Keeps a watch short of patience until it has ended a process.
 class Impatience : public QObject
@@ -38,8 +38,8 @@ private:
     PageWatch &watch;
 };
 
-constexpr int ever = 1'000'000;
-constexpr std::chrono::milliseconds tick{10};
+constexpr int Ever = 1'000'000;
+constexpr std::chrono::milliseconds Tick{10};
 
 } // namespace
 
@@ -98,10 +98,10 @@ private Q_SLOTS:
     {
         QVERIFY(Start(QStringLiteral("for (;;);")));
         const LogCapture log;
-        const Impatience impatience(watch, {.interval = tick, .usual = ever, .leaving = 5});
+        const Impatience impatience(watch, {.interval = Tick, .usual = Ever, .leaving = 5});
         QVERIFY(GetsAway());
         QCOMPARE(impatience.ended, 1);
-        QVERIFY(log.Has(gate, {QStringLiteral("runs without end")}));
+        QVERIFY(log.Has(Gate, {QStringLiteral("runs without end")}));
     }
 
     void testPageThatHangsGivesWayToAMessage()
@@ -112,7 +112,7 @@ private Q_SLOTS:
         });
         QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
         QVERIFY(Start(QStringLiteral("for (;;);")));
-        const Impatience impatience(watch, {.interval = tick, .usual = 5, .leaving = ever});
+        const Impatience impatience(watch, {.interval = Tick, .usual = 5, .leaving = Ever});
         QTRY_COMPARE(failed.count(), 1);
         QTRY_VERIFY(Text().startsWith(QStringLiteral("This page cannot be shown")));
         QVERIFY(Text().contains(QStringLiteral("Angehalten.")));
@@ -128,7 +128,7 @@ private Q_SLOTS:
         const LogCapture log;
         browser.Navigate(WriteWithScript("console.error('begun'); for (;;);"));
         QTRY_VERIFY(log.Has("tesk.browser.page", {QStringLiteral("begun")}));
-        const Impatience impatience(watch, {.interval = tick, .usual = ever, .leaving = 5});
+        const Impatience impatience(watch, {.interval = Tick, .usual = Ever, .leaving = 5});
         QVERIFY(GetsAway());
         QCOMPARE(impatience.ended, 1);
     }
@@ -144,7 +144,7 @@ private Q_SLOTS:
         beside.show();
         for (int round = 1; round <= 2; ++round) {
             complete.clear();
-            Impatience impatience(watch, {.interval = tick, .usual = ever, .leaving = 5});
+            Impatience impatience(watch, {.interval = Tick, .usual = Ever, .leaving = 5});
             beside.Navigate(plain);
             QTRY_COMPARE(complete.count(), 1);
             QCOMPARE(complete.last().first().toString(), plain);
@@ -187,10 +187,10 @@ private Q_SLOTS:
         if (circumstance == QLatin1String("behind a dialog"))
             box.open();
         const Impatience impatience(watch,
-                                    {.interval = tick,
-                                     .usual = circumstance == QLatin1String("slow") ? ever : 5,
+                                    {.interval = Tick,
+                                     .usual = circumstance == QLatin1String("slow") ? Ever : 5,
                                      .leaving = 5,
-                                     .holding = ever});
+                                     .holding = Ever});
         const QSignalSpy texts(&browser, &WebBrowser::StatusTextChange);
         browser.RunScript(isAsking
                               ? QStringLiteral("setTimeout(() => { alert(1); status = 1 })")
@@ -204,7 +204,7 @@ private Q_SLOTS:
                 question->accept();
         });
         if (isAsking)
-            patientUser.start(tick);
+            patientUser.start(Tick);
         QTRY_COMPARE(texts.count(), 1);
         box.close();
         browser.show();
@@ -234,7 +234,7 @@ private Q_SLOTS:
         browser.Navigate(address);
         QTRY_COMPARE(complete.count() + failed.count(), 1);
         QSignalSpy answers(&watch, &PageWatch::Answered);
-        const Impatience impatience(watch, {.interval = tick, .usual = ever, .leaving = ever});
+        const Impatience impatience(watch, {.interval = Tick, .usual = Ever, .leaving = Ever});
         QTRY_VERIFY(answers.count() > 1);
     }
 

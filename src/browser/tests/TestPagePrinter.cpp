@@ -117,7 +117,7 @@ private Q_SLOTS:
         QVERIFY(printer.Print());
         QVERIFY(printer.IsPrinting());
         QVERIFY(printer.Print());
-        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, BrowserFixture::WaitTime);
         QVERIFY(!printer.IsPrinting());
         for (const QString &file : files)
             QCOMPARE(SheetCount(file), PrintFixture::SheetsOfTable);
@@ -197,7 +197,7 @@ private Q_SLOTS:
         });
         watch.start(10);
         QVERIFY(printer.Print());
-        QVERIFY(finished.wait(BrowserFixture::waitTime));
+        QVERIFY(finished.wait(BrowserFixture::WaitTime));
         QCOMPARE(SheetCount(fixture.Pdf()), PrintFixture::SheetsOfTable);
     }
 };

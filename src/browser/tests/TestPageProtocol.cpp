@@ -7,8 +7,8 @@ using namespace Tesk;
 
 namespace {
 
-constexpr auto innerHtml = ElementChange::Property::InnerHtml;
-constexpr auto visibility = ElementChange::Property::Visibility;
+constexpr auto InnerHtml = ElementChange::Property::InnerHtml;
+constexpr auto Visibility = ElementChange::Property::Visibility;
 
 } // namespace
 
@@ -39,7 +39,7 @@ private Q_SLOTS:
             QStringLiteral("?firstItem=1&id=7");
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.Navigate(address);
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(Arguments(complete), QStringList{address});
         QCOMPARE(browser.Address(), address);
         QCOMPARE(Text(QStringLiteral("location.search")), QStringLiteral("?firstItem=1&id=7"));
@@ -63,7 +63,7 @@ private Q_SLOTS:
     {
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.Navigate(fixture.Member(QStringLiteral("\\Dokumente\\plain.html?x=1")));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(Arguments(complete),
                  QStringList{fixture.Member(QStringLiteral("/Dokumente/plain.html?x=1"))});
         QCOMPARE(fixture.Evaluate(QStringLiteral("relative.naturalWidth")), 1);
@@ -99,7 +99,7 @@ private Q_SLOTS:
             Address::ToUrl(fixture.Member(QStringLiteral("/Dokumente/"))).toEncoded();
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.View()->load(QUrl::fromEncoded(page + page.mid(qstrlen("mk:")) + "next.html"));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(Text(QStringLiteral("document.title")), QStringLiteral("Next"));
     }
 
@@ -126,7 +126,7 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(fixture.Member(QStringLiteral("/Dokumente/plain.html"))));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("next"));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(Arguments(complete),
                  QStringList{fixture.Member(QStringLiteral("/Dokumente/next.html?x=1#there"))});
         QVERIFY(fixture.Evaluate(QStringLiteral("window.scrollY")).toInt() > 1000);
@@ -137,7 +137,7 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(fixture.Member(QStringLiteral("/Dokumente/plain.html"))));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("rootedNext"));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(Arguments(complete),
                  QStringList{fixture.Member(QStringLiteral("/Dokumente/next.html?y=2#there"))});
     }
@@ -149,7 +149,7 @@ private Q_SLOTS:
         for (int round = 0; round < 5; ++round) {
             QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
             browser.Navigate(fixture.Member(QStringLiteral("/Dokumente/welcome_ge.html")));
-            QVERIFY(complete.wait(BrowserFixture::waitTime));
+            QVERIFY(complete.wait(BrowserFixture::WaitTime));
             QCOMPARE(Text(QStringLiteral("document.body.innerText")), QStringLiteral("welcome"));
             QCOMPARE(Arguments(complete), QStringList{welcome});
         }
@@ -162,12 +162,12 @@ private Q_SLOTS:
             QStringLiteral("frames.html"), "<iframe id=f src='frame.html'></iframe><p>page</p>");
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.Navigate(address);
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         fixture.Evaluate(QStringLiteral("window.framed = false;"
                                         "f.onload = () => { framed = true; };"
                                         "f.src = 'frame.html?again'"));
         QTRY_VERIFY_WITH_TIMEOUT(fixture.Evaluate(QStringLiteral("framed")).toBool(),
-                                 BrowserFixture::waitTime);
+                                 BrowserFixture::WaitTime);
         QCOMPARE(Arguments(complete), QStringList{address});
     }
 
@@ -178,13 +178,13 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(address + QStringLiteral("?id=1")));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("a"));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         browser.Navigate(address + QStringLiteral("?id=1#anders"));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(Arguments(complete), (QStringList{address + QStringLiteral("?id=1#ziel"),
                                                    address + QStringLiteral("?id=1#anders")}));
         // The document is still the one that was loaded.
-        browser.Apply({{QStringLiteral("ziel"), innerHtml, QStringLiteral("filled")}});
+        browser.Apply({{QStringLiteral("ziel"), InnerHtml, QStringLiteral("filled")}});
         QCOMPARE(Text(QStringLiteral("ziel.innerHTML")), QStringLiteral("filled"));
     }
 
@@ -199,7 +199,7 @@ private Q_SLOTS:
         browser.Navigate(address + QStringLiteral("#ziel"));
         QTRY_VERIFY_WITH_TIMEOUT(!complete.isEmpty() &&
                                      complete.last().first() == address + QStringLiteral("#ziel"),
-                                 BrowserFixture::waitTime);
+                                 BrowserFixture::WaitTime);
         QCOMPARE(Text(QStringLiteral("location.hash")), QStringLiteral("#ziel"));
     }
 
@@ -209,7 +209,7 @@ private Q_SLOTS:
             QStringLiteral("hash.html"), "<script>location.hash = 'early'</script><p>page</p>");
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         browser.Navigate(address);
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(Text(QStringLiteral("location.hash")), QStringLiteral("#early"));
         QCOMPARE(Arguments(complete), QStringList{address + QStringLiteral("#early")});
     }
@@ -232,7 +232,7 @@ private Q_SLOTS:
                                                               encoded + "?id=12';\">row</p>")));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("row"));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(Arguments(complete), QStringList{target + QStringLiteral("?id=12")});
     }
 
@@ -243,7 +243,7 @@ private Q_SLOTS:
         browser.RunScript(
             QStringLiteral("window.status = 'a:1'; status = 'a:1'; window.status = '';"
                            "self.status = '100%% %s %c ü\\n😀'; window.status = 5"));
-        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 5, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 5, BrowserFixture::WaitTime);
         QCOMPARE(Arguments(status),
                  (QStringList{QStringLiteral("a:1"), QStringLiteral("a:1"), QString(),
                               QStringLiteral("100%% %s %c ü\n😀"), QStringLiteral("5")}));
@@ -255,7 +255,7 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("plain.html"), "<p>plain</p>")));
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
         browser.RunScript(QStringLiteral("window.status = 'x'.repeat(200000)"));
-        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 1, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 1, BrowserFixture::WaitTime);
         QCOMPARE(status.first().first().toString(), QString(200'000, u'x'));
     }
 
@@ -273,9 +273,9 @@ private Q_SLOTS:
         connect(&browser, &WebBrowser::DocumentComplete, &receiver,
                 [&events](const QString &address) { events.append(address); });
         browser.Navigate(page);
-        QTRY_COMPARE_WITH_TIMEOUT(events.size(), 2, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(events.size(), 2, BrowserFixture::WaitTime);
         browser.RunScript(QStringLiteral("go()"));
-        QTRY_COMPARE_WITH_TIMEOUT(events.size(), 5, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(events.size(), 5, BrowserFixture::WaitTime);
         QCOMPARE(events, (QStringList{QStringLiteral("load"), page, QStringLiteral("leave"),
                                       QStringLiteral("gone"), target}));
     }
@@ -286,7 +286,7 @@ private Q_SLOTS:
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
         browser.RunScript(QStringLiteral("window.status = 'shoppingCart:17'"));
         QTRY_COMPARE_WITH_TIMEOUT(Arguments(status), QStringList{QStringLiteral("shoppingCart:17")},
-                                  BrowserFixture::waitTime);
+                                  BrowserFixture::WaitTime);
     }
 
     void testScriptLinkSetsTheStatusText()
@@ -298,9 +298,9 @@ private Q_SLOTS:
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("a"));
-        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 1, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 1, BrowserFixture::WaitTime);
         fixture.Click(QStringLiteral("a"));
-        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 2, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 2, BrowserFixture::WaitTime);
         QCOMPARE(Arguments(status), (QStringList{QStringLiteral("shoppingCart 1:17"),
                                                  QStringLiteral("shoppingCart 1:17")}));
         QCOMPARE(complete.count(), 0);
@@ -317,7 +317,7 @@ private Q_SLOTS:
         browser.RunScript(QStringLiteral("console.log = () => {}; console.log('x');"
                                          "window.status = 'after'"));
         QTRY_COMPARE_WITH_TIMEOUT(Arguments(status), QStringList{QStringLiteral("after")},
-                                  BrowserFixture::waitTime);
+                                  BrowserFixture::WaitTime);
         QVERIFY(log.Has("tesk.browser.page", {QStringLiteral("broken")}));
     }
 
@@ -334,9 +334,9 @@ private Q_SLOTS:
             }
         });
         browser.RunScript(QStringLiteral("window.status = 'dialog'"));
-        QTRY_COMPARE_WITH_TIMEOUT(texts.size(), 1, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(texts.size(), 1, BrowserFixture::WaitTime);
         browser.RunScript(QStringLiteral("window.status = 'after'"));
-        QTRY_COMPARE_WITH_TIMEOUT(texts.size(), 2, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(texts.size(), 2, BrowserFixture::WaitTime);
         QCOMPARE(texts, (QStringList{QStringLiteral("dialog"), QStringLiteral("after")}));
     }
 
@@ -351,9 +351,9 @@ private Q_SLOTS:
         connect(&browser, &WebBrowser::StatusTextChange, &receiver,
                 [&] { answers.append(Text(QStringLiteral("document.body.innerText"))); });
         browser.Navigate(address);
-        QTRY_COMPARE_WITH_TIMEOUT(answers.size(), 1, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(answers.size(), 1, BrowserFixture::WaitTime);
         browser.RunScript(QStringLiteral("window.status = 'x'"));
-        QTRY_COMPARE_WITH_TIMEOUT(answers.size(), 2, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(answers.size(), 2, BrowserFixture::WaitTime);
         QCOMPARE(answers, (QStringList{QStringLiteral("plain"), QStringLiteral("plain")}));
     }
 
@@ -361,14 +361,14 @@ private Q_SLOTS:
     {
         QVERIFY(fixture.Open(
             fixture.WritePage(QStringLiteral("fill.html"), "<div id=a></div><div id=b></div>")));
-        browser.Apply({{QStringLiteral("a"), innerHtml,
+        browser.Apply({{QStringLiteral("a"), InnerHtml,
                         QStringLiteral("<b title=\"x'y\">ü \u2028 \\n %1 </script></b>")},
-                       {QStringLiteral("b"), visibility, QStringLiteral("hidden")}});
+                       {QStringLiteral("b"), Visibility, QStringLiteral("hidden")}});
         QCOMPARE(Text(QStringLiteral("document.all.item('a').innerHTML")),
                  QStringLiteral("<b title=\"x'y\">ü \u2028 \\n %1 </b>"));
         QCOMPARE(Text(QStringLiteral("document.all.item('b').style.visibility")),
                  QStringLiteral("hidden"));
-        browser.Apply({{QStringLiteral("b"), visibility, QStringLiteral("visible")}});
+        browser.Apply({{QStringLiteral("b"), Visibility, QStringLiteral("visible")}});
         QCOMPARE(Text(QStringLiteral("document.all.item('b').style.visibility")),
                  QStringLiteral("visible"));
     }
@@ -377,18 +377,18 @@ private Q_SLOTS:
     {
         QVERIFY(
             fixture.Open(fixture.WritePage(QStringLiteral("fill.html"), "<div id=list></div>")));
-        browser.Apply({{QStringLiteral("list"), innerHtml,
+        browser.Apply({{QStringLiteral("list"), InnerHtml,
                         QStringLiteral("<p id=row onclick=\"window.status='row'\">row</p>")}});
         QSignalSpy status(&browser, &WebBrowser::StatusTextChange);
         fixture.Click(QStringLiteral("row"));
         QTRY_COMPARE_WITH_TIMEOUT(Arguments(status), QStringList{QStringLiteral("row")},
-                                  BrowserFixture::waitTime);
+                                  BrowserFixture::WaitTime);
     }
 
     void testLargeChangeLands()
     {
         QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("fill.html"), "<div id=a></div>")));
-        browser.Apply({{QStringLiteral("a"), innerHtml, QString(4'000'000, u'x')}});
+        browser.Apply({{QStringLiteral("a"), InnerHtml, QString(4'000'000, u'x')}});
         QCOMPARE(fixture.Evaluate(QStringLiteral("a.innerHTML.length")), 4'000'000);
     }
 
@@ -398,13 +398,13 @@ private Q_SLOTS:
         const QString address = fixture.WritePage(QStringLiteral("fill.html"),
                                                   "<div id=a>old</div><div id=c>old</div>");
         QVERIFY(fixture.Open(address));
-        browser.Apply({{QStringLiteral("a"), innerHtml, QStringLiteral("new")},
-                       {QStringLiteral("b"), innerHtml, QStringLiteral("new")},
-                       {QStringLiteral("c"), innerHtml, QStringLiteral("new")}});
+        browser.Apply({{QStringLiteral("a"), InnerHtml, QStringLiteral("new")},
+                       {QStringLiteral("b"), InnerHtml, QStringLiteral("new")},
+                       {QStringLiteral("c"), InnerHtml, QStringLiteral("new")}});
         QCOMPARE(Text(QStringLiteral("a.innerHTML + ' ' + c.innerHTML")),
                  QStringLiteral("new old"));
         QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser", {QStringLiteral("\"b\""), address}),
-                                 BrowserFixture::waitTime);
+                                 BrowserFixture::WaitTime);
     }
 
     void testChangesAreKeptFromAnotherPage()
@@ -419,12 +419,12 @@ private Q_SLOTS:
         connect(
             browser.View()->page(), &QWebEnginePage::loadFinished, this,
             [this] {
-                browser.Apply({{QStringLiteral("a"), innerHtml, QStringLiteral("new")}});
+                browser.Apply({{QStringLiteral("a"), InnerHtml, QStringLiteral("new")}});
             },
             Qt::SingleShotConnection);
         browser.Navigate(address);
         QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser", {QStringLiteral("moved on"), address}),
-                                 BrowserFixture::waitTime);
+                                 BrowserFixture::WaitTime);
         QCOMPARE(Text(QStringLiteral("a.innerHTML")), QStringLiteral("old"));
     }
 
@@ -437,7 +437,7 @@ private Q_SLOTS:
             inner = Text(QStringLiteral("document.body.innerText"));
             done = true;
         });
-        QTRY_VERIFY_WITH_TIMEOUT(done, BrowserFixture::waitTime);
+        QTRY_VERIFY_WITH_TIMEOUT(done, BrowserFixture::WaitTime);
         QCOMPARE(inner, QStringLiteral("plain"));
     }
 };

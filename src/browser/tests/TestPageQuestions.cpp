@@ -10,7 +10,7 @@ using namespace Tesk;
 
 namespace {
 
-const char *const gate = "tesk.browser.gate";
+const char *const Gate = "tesk.browser.gate";
 
 /// Closes every dialog that opens, and counts them.
 class DialogCloser : public QObject
@@ -76,8 +76,8 @@ private Q_SLOTS:
                            " for (i = 0; i < 200; ++i) i % 2 ? alert(i) : confirm(i);"
                            " b.innerText = 'over' })"));
         QTRY_COMPARE(Text(), QStringLiteral("over"));
-        QCOMPARE(closer.count, DialogLimit::longestRow);
-        QVERIFY(log.Has(gate, {QStringLiteral("further questions"), QStringLiteral("\"5\"")}));
+        QCOMPARE(closer.count, DialogLimit::LongestRow);
+        QVERIFY(log.Has(Gate, {QStringLiteral("further questions"), QStringLiteral("\"5\"")}));
     }
 
     // Who deletes lines of a cart by keys is asked often, but asks for it.
@@ -91,7 +91,7 @@ private Q_SLOTS:
     void testQuestionsThatTheUserAsksForAreNoRow()
     {
         QFETCH(const bool, isByKey);
-        constexpr int often = 3 * DialogLimit::longestRow;
+        constexpr int often = 3 * DialogLimit::LongestRow;
         const LogCapture log;
         DialogCloser closer;
         QVERIFY(OpenWithButton(QStringLiteral("confirm(1)")));
@@ -103,7 +103,7 @@ private Q_SLOTS:
             QTRY_COMPARE(Text(), QString::number(count));
         }
         QCOMPARE(closer.count, often);
-        QCOMPARE(log.Count(gate), 0);
+        QCOMPARE(log.Count(Gate), 0);
     }
 
     void testFloodAfterAPressEnds()
@@ -113,8 +113,8 @@ private Q_SLOTS:
         QVERIFY(OpenWithButton(QStringLiteral("for (i = 0; i < 50; ++i) alert(i)")));
         PressEnter();
         QTRY_COMPARE(Text(), QStringLiteral("1"));
-        QCOMPARE(closer.count, 1 + DialogLimit::longestRow);
-        QVERIFY(log.Has(gate, {QStringLiteral("further questions")}));
+        QCOMPARE(closer.count, 1 + DialogLimit::LongestRow);
+        QVERIFY(log.Has(Gate, {QStringLiteral("further questions")}));
     }
 };
 

@@ -22,16 +22,16 @@ private Q_SLOTS:
         const QString address = browser.Address();
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         KillEngine(browser);
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(complete.first().first().toString(), address);
         QVERIFY(log.Has("tesk.browser", {QStringLiteral("loaded again"), address}));
 
         KillEngine(browser);
         const QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
-        QTRY_COMPARE_WITH_TIMEOUT(failed.count(), 1, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(failed.count(), 1, BrowserFixture::WaitTime);
         QTRY_COMPARE_WITH_TIMEOUT(fixture.Text(QStringLiteral("document.title")),
                                   QStringLiteral("This page cannot be shown"),
-                                  BrowserFixture::waitTime);
+                                  BrowserFixture::WaitTime);
         QVERIFY(fixture.Text(QStringLiteral("document.body.innerText"))
                     .contains(QStringLiteral("failed on it twice")));
         QCOMPARE(complete.count(), 1);
@@ -75,7 +75,7 @@ private Q_SLOTS:
             loop.exec();
         if (!isKilledBefore)
             KillEngine(browser);
-        QTRY_VERIFY_WITH_TIMEOUT(!texts.isEmpty(), BrowserFixture::waitTime);
+        QTRY_VERIFY_WITH_TIMEOUT(!texts.isEmpty(), BrowserFixture::WaitTime);
         QCOMPARE(fixture.Text(QStringLiteral("p.innerText")), QStringLiteral("filled"));
         QCOMPARE(browser.Address(), address);
         QCOMPARE(failed.count(), 0);
@@ -101,7 +101,7 @@ private Q_SLOTS:
             QWebEnginePage::CrashedTerminationStatus, 1);
         if (!isAskedFirst)
             browser.Navigate(address);
-        QTRY_COMPARE_WITH_TIMEOUT(browser.Address(), address, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(browser.Address(), address, BrowserFixture::WaitTime);
         QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
         // Nothing is loaded in its place after it.
         QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("later.html"), "<p>later")));
@@ -113,13 +113,13 @@ private Q_SLOTS:
         QVERIFY(fixture.Open(fixture.WritePage(QStringLiteral("crash.html"), "<p id=p>plain</p>")));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         KillEngine(browser);
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         browser.Apply(
             {{QStringLiteral("p"), ElementChange::Property::InnerHtml, QStringLiteral("written")}});
         QCOMPARE(fixture.Text(QStringLiteral("p.innerText")), QStringLiteral("written"));
         QSignalSpy texts(&browser, &WebBrowser::StatusTextChange);
         browser.RunScript(QStringLiteral("window.status = 'heard'"));
-        QVERIFY(texts.wait(BrowserFixture::waitTime));
+        QVERIFY(texts.wait(BrowserFixture::WaitTime));
         QCOMPARE(texts.first().first().toString(), QStringLiteral("heard"));
         QCOMPARE(complete.count(), 1);
     }

@@ -61,16 +61,16 @@ private Q_SLOTS:
         QSignalSpy complete(&fixture.Browser(), &WebBrowser::DocumentComplete);
         QVERIFY(printer.Print());
         QVERIFY(printer.Print());
-        QVERIFY(status.wait(BrowserFixture::waitTime));
+        QVERIFY(status.wait(BrowserFixture::WaitTime));
         KillEngine(fixture.Browser());
-        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 2, BrowserFixture::WaitTime);
         for (const QVariantList &print : finished)
             QCOMPARE(print.first().value<PrintEnd>(), PrintEnd::EngineFailed);
         QVERIFY(!printer.IsPrinting());
         QVERIFY(log.Has("tesk.browser.print", {QStringLiteral("Endless")}));
         QVERIFY(!QFile::exists(fixture.Pdf()));
 
-        QVERIFY(!complete.isEmpty() || complete.wait(BrowserFixture::waitTime));
+        QVERIFY(!complete.isEmpty() || complete.wait(BrowserFixture::WaitTime));
         QVERIFY(fixture.OpenLongTable());
         QVERIFY(PrintFixture::IsPrinted(printer));
         QCOMPARE(SheetCount(fixture.Pdf()), PrintFixture::SheetsOfTable);
@@ -121,13 +121,13 @@ private Q_SLOTS:
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
         QVERIFY(printer.Print());
-        QVERIFY(QTest::qWaitFor([&] { return isMoment; }, BrowserFixture::waitTime));
+        QVERIFY(QTest::qWaitFor([&] { return isMoment; }, BrowserFixture::WaitTime));
         open("next.html", next);
         open("last.html", last);
-        QVERIFY(!finished.isEmpty() || finished.wait(BrowserFixture::waitTime));
+        QVERIFY(!finished.isEmpty() || finished.wait(BrowserFixture::WaitTime));
         QCOMPARE(finished.first().first().value<PrintEnd>(), PrintEnd::Printed);
         QCOMPARE(SheetCount(fixture.Pdf()), PrintFixture::SheetsOfTable);
-        QTRY_COMPARE_WITH_TIMEOUT(browser.Address(), last, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(browser.Address(), last, BrowserFixture::WaitTime);
         QCOMPARE(complete.last().first().toString(), last);
         QCOMPARE(failed.count(), 0);
         QCOMPARE(fixture.Evaluate(QStringLiteral("document.body.innerText")),
@@ -141,7 +141,7 @@ private Q_SLOTS:
         PagePrinter printer(fixture.Browser(), PrintFixture::IntoFile(fixture.Pdf()));
         QSignalSpy loading(fixture.Browser().View()->page(), &QWebEnginePage::loadingChanged);
         fixture.Browser().Navigate(table);
-        QVERIFY(loading.wait(BrowserFixture::waitTime));
+        QVERIFY(loading.wait(BrowserFixture::WaitTime));
         QVERIFY(PrintFixture::IsPrinted(printer));
         QCOMPARE(SheetCount(fixture.Pdf()), PrintFixture::SheetsOfTable);
     }
@@ -155,10 +155,10 @@ private Q_SLOTS:
         QSignalSpy status(&fixture.Browser(), &WebBrowser::StatusTextChange);
         QSignalSpy complete(&fixture.Browser(), &WebBrowser::DocumentComplete);
         QVERIFY(printer.Print());
-        QVERIFY(status.wait(BrowserFixture::waitTime));
+        QVERIFY(status.wait(BrowserFixture::WaitTime));
         fixture.Browser().Navigate(next);
         KillEngine(fixture.Browser());
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(complete.first().first().toString(), next);
         QCOMPARE(fixture.Evaluate(QStringLiteral("document.body.innerText")),
                  QVariant(QStringLiteral("next")));
@@ -182,7 +182,7 @@ private Q_SLOTS:
             browser.show();
             QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
             browser.Navigate(fixture.WriteLongTable());
-            QVERIFY(complete.wait(BrowserFixture::waitTime));
+            QVERIFY(complete.wait(BrowserFixture::WaitTime));
             auto *const printer = new PagePrinter(browser, [&](QPrinter &chosen) {
                 files.append(fixture.Pdf(QStringLiteral("%1.pdf").arg(files.size())));
                 return PrintFixture::IntoFile(files.last())(chosen);

@@ -63,7 +63,7 @@ private Q_SLOTS:
         delete server.nextPendingConnection();
         QUdpSocket sender;
         QCOMPARE(sender.writeDatagram("x", QHostAddress::LocalHost, datagrams.localPort()), 1);
-        QTRY_VERIFY_WITH_TIMEOUT(datagrams.hasPendingDatagrams(), BrowserFixture::waitTime);
+        QTRY_VERIFY_WITH_TIMEOUT(datagrams.hasPendingDatagrams(), BrowserFixture::WaitTime);
         datagrams.readDatagram(nullptr, 0);
         QVERIFY(NothingWasHeard());
     }
@@ -132,7 +132,7 @@ private Q_SLOTS:
         browser.RunScript(WithHost(script));
         QTRY_VERIFY_WITH_TIMEOUT(
             log.Has("tesk.browser.gate", {QStringLiteral("refused"), WithHost(refused)}),
-            BrowserFixture::waitTime);
+            BrowserFixture::WaitTime);
         QVERIFY(MarkedPageIsStillThere());
         QVERIFY(NothingWasHeard());
     }
@@ -161,7 +161,7 @@ private Q_SLOTS:
         fixture.Click(QStringLiteral("a"));
         QTRY_VERIFY_WITH_TIMEOUT(
             log.Has("tesk.browser.gate", {QStringLiteral("refused"), WithHost(refused)}),
-            BrowserFixture::waitTime);
+            BrowserFixture::WaitTime);
         QVERIFY(MarkedPageIsStillThere());
         QVERIFY(NothingWasHeard());
     }
@@ -174,10 +174,10 @@ private Q_SLOTS:
                                                   "fetch('file:///etc/passwd')")));
         QTRY_VERIFY_WITH_TIMEOUT(
             log.Has("tesk.browser.gate", {WithHost(QStringLiteral("http://HOST/p"))}),
-            BrowserFixture::waitTime);
+            BrowserFixture::WaitTime);
         QTRY_VERIFY_WITH_TIMEOUT(
             log.Has("tesk.browser.gate", {QStringLiteral("file:///etc/passwd")}),
-            BrowserFixture::waitTime);
+            BrowserFixture::WaitTime);
         QVERIFY(NothingWasHeard());
     }
 
@@ -198,7 +198,7 @@ private Q_SLOTS:
                                "peer.createOffer().then(o => peer.setLocalDescription(o)); 1")
                     .arg(QLatin1String(peer))));
             QTRY_VERIFY_WITH_TIMEOUT(fixture.Evaluate(QStringLiteral("gathered")).toBool(),
-                                     BrowserFixture::waitTime);
+                                     BrowserFixture::WaitTime);
             QVERIFY(NothingWasHeard());
         }
     }

@@ -197,7 +197,7 @@ private Q_SLOTS:
                 const FileSizeLimit limit(static_cast<rlim_t>(room));
                 QVERIFY(printer.Print());
             }
-            QVERIFY(finished.wait(BrowserFixture::waitTime));
+            QVERIFY(finished.wait(BrowserFixture::WaitTime));
             QCOMPARE(finished.first().first().value<PrintEnd>(), PrintEnd::PrinterFailed);
             QVERIFY(log.Has("tesk.browser.print", {old}));
             QFile file(old);

@@ -91,7 +91,7 @@ private:
     void HoldBack()
     {
         isHeldBack = true;
-        for (const QDeadlineTimer end(BrowserFixture::waitTime); !hasLoaded && !end.hasExpired();) {
+        for (const QDeadlineTimer end(BrowserFixture::WaitTime); !hasLoaded && !end.hasExpired();) {
             QCoreApplication::sendPostedEvents(engine);
             QThread::yieldCurrentThread();
         }
@@ -118,7 +118,7 @@ private:
     {
         QSignalSpy loaded(browser.View()->page(), &QWebEnginePage::loadFinished);
         while (loaded.isEmpty() || !loaded.last().first().toBool()) {
-            if (!loaded.wait(BrowserFixture::waitTime))
+            if (!loaded.wait(BrowserFixture::WaitTime))
                 return false;
         }
         return fixture.Text(QStringLiteral("document.title")) ==
@@ -160,7 +160,7 @@ private Q_SLOTS:
         const LogCapture log;
         browser.Apply({{QStringLiteral("p"), ElementChange::Property::InnerHtml, QString()}});
         QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser", {QStringLiteral("moved on")}),
-                                 BrowserFixture::waitTime);
+                                 BrowserFixture::WaitTime);
     }
 
     // A busy program hears of the begin of a load after all that the page has said.
@@ -172,8 +172,8 @@ private Q_SLOTS:
         const QSignalSpy loading(browser.View()->page(), &QWebEnginePage::loadingChanged);
         const LateReports late(static_cast<LocalPage *>(browser.View()->page()));
         browser.Navigate(next);
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
-        QVERIFY(QTest::qWaitFor([&] { return loading.count() == 2; }, BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
+        QVERIFY(QTest::qWaitFor([&] { return loading.count() == 2; }, BrowserFixture::WaitTime));
         QVERIFY(late.HaveBeenHeldBack());
         // What came after the page has been heard.
         QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
@@ -197,7 +197,7 @@ private Q_SLOTS:
             [this, address] { browser.Navigate(address); },
             static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
         browser.Navigate(fixture.Page(QStringLiteral("missing.html")));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(complete.first().first().toString(), address);
         QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("next"));
         QCOMPARE(failed.count(), 0);
@@ -218,7 +218,7 @@ private Q_SLOTS:
         QVERIFY(fixture.OpenPlainPage());
         QSignalSpy failed(&browser, &WebBrowser::LoadFailed);
         browser.Navigate(address);
-        QVERIFY(failed.wait(BrowserFixture::waitTime));
+        QVERIFY(failed.wait(BrowserFixture::WaitTime));
         QCOMPARE(failed.first().first().toString(), address);
         QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("plain"));
     }
@@ -265,7 +265,7 @@ private Q_SLOTS:
             QTRY_COMPARE_WITH_TIMEOUT(
                 fixture.Text(QStringLiteral("location.pathname.split('/').pop() +"
                                             " document.getElementById('p')?.innerText")),
-                QStringLiteral("second.htmlfilled"), BrowserFixture::waitTime);
+                QStringLiteral("second.htmlfilled"), BrowserFixture::WaitTime);
         }
         disconnect(fill);
     }
@@ -279,7 +279,7 @@ private Q_SLOTS:
         QVERIFY(fixture.OpenPlainPage("<a id=a href='../A 1 ü.pdf'>sheet</a>"));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("a"));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(complete.first().first().toString(), address);
         // The sheet's page is one red square, shown somewhere on the viewer's grey ground.
         const auto showsRed = [this] {
@@ -292,7 +292,7 @@ private Q_SLOTS:
             }
             return false;
         };
-        QTRY_VERIFY_WITH_TIMEOUT(showsRed(), BrowserFixture::waitTime);
+        QTRY_VERIFY_WITH_TIMEOUT(showsRed(), BrowserFixture::WaitTime);
     }
 
     void testQuestionsComeUnderTheWindowsTitle()
@@ -340,7 +340,7 @@ private Q_SLOTS:
             qobject_cast<QMessageBox *>(dialog)->button(QMessageBox::Ok)->click();
         });
         fixture.Click(QStringLiteral("a"));
-        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 1, BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(status.count(), 1, BrowserFixture::WaitTime);
         QCOMPARE(status.first().first().toString(), QStringLiteral("delItem:0"));
     }
 
@@ -362,7 +362,7 @@ private Q_SLOTS:
         QVERIFY(fixture.OpenPlainPage("<a id=a target=_blank href=target.html>new</a>"));
         QSignalSpy complete(&browser, &WebBrowser::DocumentComplete);
         fixture.Click(QStringLiteral("a"));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QCOMPARE(complete.first().first().toString(), target);
     }
 
@@ -372,7 +372,7 @@ private Q_SLOTS:
         fixture.WritePage(QStringLiteral("popup.html"), "<p>popup</p>");
         QVERIFY(fixture.OpenPlainPage("<p>plain</p><script>window.open('popup.html')</script>"));
         QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser.gate", {QStringLiteral("popup.html")}),
-                                 BrowserFixture::waitTime);
+                                 BrowserFixture::WaitTime);
         QCOMPARE(fixture.Text(QStringLiteral("document.body.innerText")), QStringLiteral("plain"));
         for (const QWidget *widget : QApplication::topLevelWidgets())
             QVERIFY(!widget->isVisible() || widget == browser.window());
@@ -386,7 +386,7 @@ private Q_SLOTS:
         fixture.Click(QStringLiteral("a"));
         QTRY_COMPARE_WITH_TIMEOUT(
             mail.opened, QList<QUrl>{QUrl(QStringLiteral("mailto:maker@example.com?subject=x"))},
-            BrowserFixture::waitTime);
+            BrowserFixture::WaitTime);
         QVERIFY(fixture.OpenPlainPage());
     }
 
@@ -398,10 +398,10 @@ private Q_SLOTS:
                                       "href=plain.html>page</a>"));
         fixture.Click(QStringLiteral("a"));
         QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser.gate", {QStringLiteral("archive.zip")}),
-                                 BrowserFixture::waitTime);
+                                 BrowserFixture::WaitTime);
         fixture.Click(QStringLiteral("b"));
         QTRY_VERIFY_WITH_TIMEOUT(log.Has("tesk.browser.gate", {QStringLiteral("plain.html")}),
-                                 BrowserFixture::waitTime);
+                                 BrowserFixture::WaitTime);
         QCOMPARE(fixture.Text(QStringLiteral("a.innerText")), QStringLiteral("archive"));
     }
 
@@ -421,7 +421,7 @@ private Q_SLOTS:
                 browser.Navigate(second);
         });
         browser.Navigate(first);
-        QTRY_COMPARE_WITH_TIMEOUT(complete, QStringList({first, second}), BrowserFixture::waitTime);
+        QTRY_COMPARE_WITH_TIMEOUT(complete, QStringList({first, second}), BrowserFixture::WaitTime);
     }
 
     void testPagesTakeTheDesktopsFont()
@@ -445,7 +445,7 @@ private Q_SLOTS:
         edit.setFocus();
         QSignalSpy complete(&inside, &WebBrowser::DocumentComplete);
         inside.Navigate(fixture.WritePage(QStringLiteral("focus.html"), "<input autofocus>"));
-        QVERIFY(complete.wait(BrowserFixture::waitTime));
+        QVERIFY(complete.wait(BrowserFixture::WaitTime));
         QVERIFY(edit.hasFocus());
         inside.setFocus();
         QVERIFY(inside.View()->hasFocus());

@@ -17,7 +17,7 @@ namespace {
 Q_LOGGING_CATEGORY(searchLog, "tesk.search")
 
 /// Of a text that the user typed, which may be long.
-constexpr int longestLoggedText = 100;
+constexpr int LongestLoggedText = 100;
 
 constexpr double MillimetresOfACentimetre = 10;
 /// Not 25.4: the catalogue's own factor, by which its lengths are found.
@@ -123,7 +123,7 @@ void ConditionBuilder::AddLength(const ProductSearch &search, const QLocale &loc
     } catch (const ConversionError &error) {
         // A length that cannot be read is not asked for.
         qCInfo(searchLog).noquote()
-            << "The length is not used:" << error.Message().left(longestLoggedText);
+            << "The length is not used:" << error.Message().left(LongestLoggedText);
     }
 }
 

@@ -8,7 +8,7 @@ using namespace Tesk;
 
 namespace {
 
-const QString logo = QStringLiteral("<img src=\"img/tlogo.gif\" border=\"0\">");
+const QString Logo = QStringLiteral("<img src=\"img/tlogo.gif\" border=\"0\">");
 
 } // namespace
 
@@ -35,7 +35,7 @@ private:
 void TestPrintParts::testHeaderShowsTheNodesPath()
 {
     const QString expected =
-        logo + QStringLiteral("<div style=\"margin-top:8px;\">Scissors\\Dissecting scissors</div>");
+        Logo + QStringLiteral("<div style=\"margin-top:8px;\">Scissors\\Dissecting scissors</div>");
     const CategoryNode *node = tree.FindByTag(QStringLiteral("21"));
     QCOMPARE(builder.BuildPrintHeader(node, {}), expected);
     QCOMPARE(builder.BuildPrintHeader(node, QStringLiteral("wc")), expected);
@@ -44,7 +44,7 @@ void TestPrintParts::testHeaderShowsTheNodesPath()
 void TestPrintParts::testHeaderOfTheCartWithoutNodeNamesTheCart()
 {
     QCOMPARE(builder.BuildPrintHeader(nullptr, QStringLiteral("wc")),
-             logo +
+             Logo +
                  QStringLiteral("<div style=\"margin-top:30px; margin-bottom:20px; "
                                 "padding-bottom:10px; border-bottom: solid #9C9A9C 1px;\">"
                                 "<span class=\"contArea\">T(tabControlShoppingCart)</span></div>"));
@@ -52,8 +52,8 @@ void TestPrintParts::testHeaderOfTheCartWithoutNodeNamesTheCart()
 
 void TestPrintParts::testHeaderWithoutNodeIsTheLogo()
 {
-    QCOMPARE(builder.BuildPrintHeader(nullptr, {}), logo);
-    QCOMPARE(builder.BuildPrintHeader(nullptr, QStringLiteral("WC")), logo);
+    QCOMPARE(builder.BuildPrintHeader(nullptr, {}), Logo);
+    QCOMPARE(builder.BuildPrintHeader(nullptr, QStringLiteral("WC")), Logo);
 }
 
 void TestPrintParts::testFooterBearsTheYearAndTheAddress()

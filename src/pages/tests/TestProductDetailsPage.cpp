@@ -34,7 +34,7 @@ ResultTable Details(const QString &helpId, const Picture &first, const Picture &
     return table;
 }
 
-const QString imageStart =
+const QString ImageStart =
     QStringLiteral("<td class=\"prodItem\"><img src=\"mk:@MSITStore:C:\\My "
                    "Katalog\\resources.chm::/Grafiken/gross/sc/a.gif\"><br>");
 
@@ -128,7 +128,7 @@ void TestProductDetailsPage::testOnePictureGivesOneCell()
     Write(Details({}, {QStringLiteral("a.gif"), QStringLiteral("0.5")}, {}, {}));
     QCOMPARE(
         document.Html(QStringLiteral("productImages")),
-        QStringLiteral("<table><tr>%1%2</td></tr></table>").arg(imageStart, QStringLiteral("1:2")));
+        QStringLiteral("<table><tr>%1%2</td></tr></table>").arg(ImageStart, QStringLiteral("1:2")));
 }
 
 void TestProductDetailsPage::testWithoutPicturesTheTableIsEmpty()
@@ -142,7 +142,7 @@ void TestProductDetailsPage::testEmptyScaleCountsAsZero()
 {
     Write(Details({}, {QStringLiteral("a.gif"), {}}, {{}, {}}, {{}, {}}));
     QCOMPARE(document.Html(QStringLiteral("productImages")),
-             QStringLiteral("<table><tr>%1</td></tr></table>").arg(imageStart));
+             QStringLiteral("<table><tr>%1</td></tr></table>").arg(ImageStart));
 }
 
 void TestProductDetailsPage::testScaleThatIsNoNumberIsAnErrorEvenWithoutPicture()
@@ -214,7 +214,7 @@ void TestProductDetailsPage::testImageCellScale()
     QFETCH(const QString, text);
     const HtmlBuilder builder(std::make_unique<FakePageContext>(*context));
     QCOMPARE(builder.BuildImageCell(QStringLiteral("/sc"), QStringLiteral("a.gif"), scale),
-             imageStart + text + QStringLiteral("</td>"));
+             ImageStart + text + QStringLiteral("</td>"));
 }
 
 void TestProductDetailsPage::testImageCellWithoutPictureIsEmpty()

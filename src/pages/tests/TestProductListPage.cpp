@@ -12,21 +12,21 @@ using namespace Tesk;
 
 namespace {
 
-const QString spacer = QStringLiteral("<tr><td>&nbsp;</td></tr>");
-const QString pagerStart =
+const QString Spacer = QStringLiteral("<tr><td>&nbsp;</td></tr>");
+const QString PagerStart =
     QStringLiteral("<table cellpadding=\"0\" cellspacing=\"0\" border=\"0\" align=\"center\">");
 
-const Product scissors{.availability = QStringLiteral("0.5")};
-const Product basicSet{.id = QStringLiteral("501"),
+const Product Scissors{.availability = QStringLiteral("0.5")};
+const Product BasicSet{.id = QStringLiteral("501"),
                        .artNr = QStringLiteral("TS 90/200"),
                        .isSet = QStringLiteral("True"),
                        .name = QStringLiteral("Basic set")};
-const Product largeSet{.id = QStringLiteral("502"),
+const Product LargeSet{.id = QStringLiteral("502"),
                        .artNr = QStringLiteral("TS 90/201"),
                        .isSet = QStringLiteral("True"),
                        .availability = QStringLiteral("0"),
                        .name = QStringLiteral("Large set")};
-const Product boneSet{.id = QStringLiteral("503"),
+const Product BoneSet{.id = QStringLiteral("503"),
                       .artNr = QStringLiteral("TS 91/100"),
                       .isSet = QStringLiteral("True"),
                       .groupId = QStringLiteral("9"),
@@ -111,7 +111,7 @@ void TestProductListPage::testCategoryOfSetsShowsEveryColumn()
     context->hasPriceList = true;
     context->prices = {{QStringLiteral("TS 90/200"), QStringLiteral("612,00&nbsp;EUR")},
                        {QStringLiteral("TS 91/100"), QStringLiteral("98,50&nbsp;EUR")}};
-    QCOMPARE(List(ProductTable({basicSet, largeSet, boneSet}), 1, false),
+    QCOMPARE(List(ProductTable({BasicSet, LargeSet, BoneSet}), 1, false),
              ExpectedHtml(QStringLiteral("list_sets_with_prices.html")));
 }
 
@@ -119,13 +119,13 @@ void TestProductListPage::testCategoryOfSetsWithoutPriceListHasNoPriceColumn()
 {
     context->sizeColumn = QStringLiteral("p.sInch");
     context->prices = {{QStringLiteral("TS 90/200"), QStringLiteral("612,00&nbsp;EUR")}};
-    QCOMPARE(List(ProductTable({basicSet}), 1, false),
+    QCOMPARE(List(ProductTable({BasicSet}), 1, false),
              ExpectedHtml(QStringLiteral("list_sets_without_prices.html")));
 }
 
 void TestProductListPage::testSetsAmongSingleProductsHaveFewerCells()
 {
-    QCOMPARE(List(ProductTable({scissors, basicSet}), 1, true),
+    QCOMPARE(List(ProductTable({Scissors, BasicSet}), 1, true),
              ExpectedHtml(QStringLiteral("list_mixed.html")));
 }
 
@@ -140,7 +140,7 @@ void TestProductListPage::testPriceListDoesNotChangeAMixedList()
     context->hasPriceList = true;
     context->prices = {{QStringLiteral("AB 12/115"), QStringLiteral("38,20&nbsp;EUR")},
                        {QStringLiteral("TS 90/200"), QStringLiteral("612,00&nbsp;EUR")}};
-    QCOMPARE(List(ProductTable({scissors, basicSet}), 1, true),
+    QCOMPARE(List(ProductTable({Scissors, BasicSet}), 1, true),
              ExpectedHtml(QStringLiteral("list_mixed.html")));
 }
 
@@ -157,7 +157,7 @@ void TestProductListPage::testTwentyProductsHaveNoPager()
 void TestProductListPage::testTwentyOneProductsHaveAPager()
 {
     const QString list = List(ManyProducts(21), 1, true);
-    QVERIFY(list.startsWith(pagerStart));
+    QVERIFY(list.startsWith(PagerStart));
     QVERIFY(list.contains(QStringLiteral("firstItem=21&id=12\">[2]</a></td></tr></table><br>")));
     QCOMPARE(RowNumbers(list), Range(1, 20));
 }
@@ -188,18 +188,18 @@ void TestProductListPage::testSearchResultsHaveAnEmptyIdInTheirLinks()
 void TestProductListPage::testEveryPageBeginsWithASpacer()
 {
     const QString secondPage = List(ManyProducts(25), 21, true);
-    QCOMPARE(secondPage.count(spacer), 1);
+    QCOMPARE(secondPage.count(Spacer), 1);
     QVERIFY(secondPage.contains(
         QStringLiteral("<td class=\"prodCaption\"></td></tr>%1<tr id=\"contListRow21\"")
-            .arg(spacer)));
+            .arg(Spacer)));
 }
 
 void TestProductListPage::testSpacerStandsBetweenGroups()
 {
-    const QString list = List(ProductTable({basicSet, largeSet, boneSet}), 1, false);
-    QCOMPARE(list.count(spacer), 2);
+    const QString list = List(ProductTable({BasicSet, LargeSet, BoneSet}), 1, false);
+    QCOMPARE(list.count(Spacer), 2);
     QVERIFY(list.contains(QStringLiteral("</tr><tr id=\"contListRow2\"")));
-    QVERIFY(list.contains(QStringLiteral("</tr>%1<tr id=\"contListRow3\"").arg(spacer)));
+    QVERIFY(list.contains(QStringLiteral("</tr>%1<tr id=\"contListRow3\"").arg(Spacer)));
 }
 
 void TestProductListPage::testEmptyListSaysSo()
@@ -216,7 +216,7 @@ void TestProductListPage::testFillsTheElementsInOneGo()
     const CategoryTree tree =
         MakeTree({{QStringLiteral("12"), QStringLiteral("1"), {}, QStringLiteral("Scissors")}});
     HtmlBuilder(std::make_unique<FakePageContext>(*context), [] { return QDate(2031, 5, 2); })
-        .WriteProductList(document, QStringLiteral("Scissors & more"), ProductTable({scissors}), 1,
+        .WriteProductList(document, QStringLiteral("Scissors & more"), ProductTable({Scissors}), 1,
                           QStringLiteral("12"), true, tree.Nodes().front().get());
     QCOMPARE(document.calls.size(), 1);
     QCOMPARE(document.ChangedIds(),
@@ -283,14 +283,14 @@ void TestProductListPage::testAvailabilityThatIsNoNumberIsAnError()
 
 void TestProductListPage::testFirstItemBehindTheListGivesCaptionsOnly()
 {
-    const QString list = List(ProductTable({scissors}), 21, true);
+    const QString list = List(ProductTable({Scissors}), 21, true);
     QCOMPARE(RowNumbers(list), QList<int>());
     QVERIFY(list.endsWith(QStringLiteral("<td class=\"prodCaption\"></td></tr></table>")));
 }
 
 void TestProductListPage::testFirstItemNear16BitLimitIsAnError()
 {
-    QVERIFY_THROWS_EXCEPTION(ConversionError, List(ProductTable({scissors}), 32750, true));
+    QVERIFY_THROWS_EXCEPTION(ConversionError, List(ProductTable({Scissors}), 32750, true));
 }
 
 void TestProductListPage::testTextsWithPlaceholdersStayAsTheyAre()

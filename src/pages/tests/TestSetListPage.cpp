@@ -11,12 +11,12 @@ using namespace Tesk;
 
 namespace {
 
-const Product clamp{.id = QStringLiteral("210"),
+const Product Clamp{.id = QStringLiteral("210"),
                     .artNr = QStringLiteral("AB 21/140"),
                     .availability = QStringLiteral("0"),
                     .name = QStringLiteral("Pean clamp"),
                     .amount = QStringLiteral("4")};
-const Product holderWithoutId{.id = QStringLiteral("0"),
+const Product HolderWithoutId{.id = QStringLiteral("0"),
                               .artNr = QStringLiteral("AB 30/160"),
                               .groupId = QStringLiteral("8"),
                               .name = QStringLiteral("Needle holder"),
@@ -55,13 +55,13 @@ QString TestSetListPage::List(const ResultTable &table, bool hasPriceList)
 
 void TestSetListPage::testMembersShowAmountAndStockByFirstColumn()
 {
-    QCOMPARE(List(ProductTable({clamp, holderWithoutId})),
+    QCOMPARE(List(ProductTable({Clamp, HolderWithoutId})),
              ExpectedHtml(QStringLiteral("set_list.html")));
 }
 
 void TestSetListPage::testPriceListAddsNoColumn()
 {
-    QCOMPARE(List(ProductTable({clamp, holderWithoutId}), true),
+    QCOMPARE(List(ProductTable({Clamp, HolderWithoutId}), true),
              ExpectedHtml(QStringLiteral("set_list.html")));
 }
 
@@ -83,7 +83,7 @@ void TestSetListPage::testEmptySetSaysSo()
 
 void TestSetListPage::testFillsTheElementsInOneGo()
 {
-    List(ProductTable({clamp}));
+    List(ProductTable({Clamp}));
     QCOMPARE(document.calls.size(), 1);
     QCOMPARE(document.ChangedIds(),
              QStringList({QStringLiteral("printHeader"), QStringLiteral("printFooter"),
@@ -97,7 +97,7 @@ void TestSetListPage::testFillsTheElementsInOneGo()
 
 void TestSetListPage::testFirstColumnThatIsNoNumberIsAnError()
 {
-    Product product = clamp;
+    Product product = Clamp;
     product.id = QStringLiteral("x");
     QVERIFY_THROWS_EXCEPTION(ConversionError, List(ProductTable({product})));
     QVERIFY(document.calls.isEmpty());

@@ -10,19 +10,19 @@ using namespace Tesk;
 
 namespace {
 
-const std::vector<QString> scissors{
+const std::vector<QString> Scissors{
     QStringLiteral("20"), QStringLiteral("1"), {}, QStringLiteral("Scissors")};
-const std::vector<QString> dissecting{QStringLiteral("21"), QStringLiteral("2"),
+const std::vector<QString> Dissecting{QStringLiteral("21"), QStringLiteral("2"),
                                       QStringLiteral("1"), QStringLiteral("Dissecting scissors")};
-const std::vector<QString> mayo{QStringLiteral("23"), QStringLiteral("3"), QStringLiteral("2"),
+const std::vector<QString> Mayo{QStringLiteral("23"), QStringLiteral("3"), QStringLiteral("2"),
                                 QStringLiteral("Mayo")};
-const std::vector<QString> bandage{QStringLiteral("22"), QStringLiteral("4"), QStringLiteral("1"),
+const std::vector<QString> Bandage{QStringLiteral("22"), QStringLiteral("4"), QStringLiteral("1"),
                                    QStringLiteral("Bandage scissors")};
-const std::vector<QString> microscopes{
+const std::vector<QString> Microscopes{
     QStringLiteral("30"), QStringLiteral("5"), {}, QStringLiteral("Microscopes")};
-const std::vector<QString> sets{
+const std::vector<QString> Sets{
     QStringLiteral("40"), QStringLiteral("6"), {}, QStringLiteral("Sets")};
-const std::vector<QString> basicSets{QStringLiteral("41"), QStringLiteral("7"), QStringLiteral("6"),
+const std::vector<QString> BasicSets{QStringLiteral("41"), QStringLiteral("7"), QStringLiteral("6"),
                                      QStringLiteral("Basic sets")};
 
 } // namespace
@@ -54,20 +54,20 @@ QString TestStartPage::Index(const std::vector<std::vector<QString>> &rows)
 
 void TestStartPage::testIndexNumbersHeadlinesAndLinksTogether()
 {
-    QCOMPARE(Index({scissors, dissecting, mayo, bandage, microscopes, sets, basicSets}),
+    QCOMPARE(Index({Scissors, Dissecting, Mayo, Bandage, Microscopes, Sets, BasicSets}),
              ExpectedHtml(QStringLiteral("start_page.html")));
 }
 
 void TestStartPage::testTopLevelWithoutChildrenIsAHeadlineOnly()
 {
-    QCOMPARE(Index({microscopes}),
+    QCOMPARE(Index({Microscopes}),
              QStringLiteral("<table width=\"100%\" border=\"0\">"
                             "<tr><td class=\"navHeadline\">Microscopes</td></tr></table>"));
 }
 
 void TestStartPage::testCategoryBehindAnotherTopLevelIsNotListed()
 {
-    QCOMPARE(Index({scissors, microscopes, dissecting}),
+    QCOMPARE(Index({Scissors, Microscopes, Dissecting}),
              QStringLiteral("<table width=\"100%\" border=\"0\">"
                             "<tr><td class=\"navHeadline\">Scissors</td></tr>"
                             "<tr><td class=\"navHeadline\">Microscopes</td></tr></table>"));

@@ -11,7 +11,7 @@ namespace Sqlite2 {
 
 namespace {
 
-constexpr auto localBytes = static_cast<qsizetype>(Format::maxLocalPayload);
+constexpr auto LocalBytes = static_cast<qsizetype>(Format::MaxLocalPayload);
 
 /// The position of the column that is declared as the integer primary key; −1 without one.
 int KeyColumn(const QByteArray &createTable)
@@ -82,15 +82,15 @@ bool IsPossible(const ByteMap::Byte &byte, const Difference &difference,
 
 ByteMap::ByteMap(QByteArray fileBytes)
     : bytes(std::move(fileBytes))
-    , isBigEndian(bytes.mid(Format::byteOrderMarkOffset, 4) == QByteArray("\xda\xe3\x75\x28", 4))
+    , isBigEndian(bytes.mid(Format::ByteOrderMarkOffset, 4) == QByteArray("\xda\xe3\x75\x28", 4))
     , uses(bytes.size())
 {
-    Set(0, Format::byteOrderMarkOffset + 4, Use::Mark);
+    Set(0, Format::ByteOrderMarkOffset + 4, Use::Mark);
     for (const std::size_t field :
-         {Format::firstFreePageOffset, Format::freePageCountOffset, Format::fileFormatOffset})
+         {Format::FirstFreePageOffset, Format::FreePageCountOffset, Format::FileFormatOffset})
         Set(static_cast<qsizetype>(field), 4, Use::Structure);
     Tree schema{Use::Schema, "sqlite_master"};
-    AddPage(Format::masterRootPage, schema);
+    AddPage(Format::MasterRootPage, schema);
     for (const QList<QByteArray> &entry : StructureChecker(bytes).Schema()) {
         const bool isTable = entry[0] == "table";
         Tree tree{isTable ? Use::Value : Use::Index, entry[2], isTable ? KeyColumn(entry[4]) : -1};
@@ -115,8 +115,8 @@ void ByteMap::Set(qsizetype offset, qsizetype size, Use use)
 
 void ByteMap::AddPage(quint32 page, Tree &tree)
 {
-    const qsizetype start = (page - 1) * pageBytes;
-    Set(start, Format::pageHeaderSize, Use::Structure);
+    const qsizetype start = (page - 1) * PageBytes;
+    Set(start, Format::PageHeaderSize, Use::Structure);
     for (quint32 cell = Number(start + 4, 2); cell != 0; cell = Number(start + cell + 6, 2)) {
         if (const quint32 child = Number(start + cell, 4); child != 0)
             AddPage(child, tree);
@@ -130,7 +130,7 @@ void ByteMap::AddPage(quint32 page, Tree &tree)
 
 void ByteMap::AddEntry(qsizetype cell, Tree &tree)
 {
-    Set(cell, Format::cellHeaderSize, Use::Structure);
+    Set(cell, Format::CellHeaderSize, Use::Structure);
     const qsizetype size = Number(cell + 4, 2) + Number(cell + 10, 2);
     const QList<qsizetype> positions = PayloadPositions(cell, size);
     if (tree.use == Use::Value) {
@@ -149,21 +149,21 @@ QList<qsizetype> ByteMap::PayloadPositions(qsizetype cell, qsizetype size)
         for (qsizetype at = begin; at < begin + count; ++at)
             positions.append(at);
     };
-    qsizetype link = cell + qsizetype{Format::cellHeaderSize} + localBytes;
-    take(link - localBytes, std::min(size, localBytes));
+    qsizetype link = cell + qsizetype{Format::CellHeaderSize} + LocalBytes;
+    take(link - LocalBytes, std::min(size, LocalBytes));
     while (positions.size() < size) {
-        Set(link, Format::pageNumberSize, Use::Structure);
-        link = (Number(link, 4) - 1) * pageBytes;
-        Set(link, Format::pageNumberSize, Use::Structure);
-        take(link + qsizetype{Format::pageNumberSize},
-             std::min(size - positions.size(), qsizetype{Format::overflowPayload}));
+        Set(link, Format::PageNumberSize, Use::Structure);
+        link = (Number(link, 4) - 1) * PageBytes;
+        Set(link, Format::PageNumberSize, Use::Structure);
+        take(link + qsizetype{Format::PageNumberSize},
+             std::min(size - positions.size(), qsizetype{Format::OverflowPayload}));
     }
     return positions;
 }
 
 void ByteMap::AddRow(const QList<qsizetype> &positions, const Tree &tree)
 {
-    constexpr qsizetype keySize = Format::rowKeySize;
+    constexpr qsizetype keySize = Format::RowKeySize;
     for (qsizetype i = 0; i < keySize; ++i)
         uses[positions[i]] = {Use::RowKey, tree.table, tree.rowCount, tree.keyColumn};
 

@@ -14,7 +14,7 @@ namespace Sqlite2 {
 #endif
 #endif
 #if defined(TESK_IS_SANITIZED) || defined(__SANITIZE_ADDRESS__)
-inline constexpr qsizetype damageStep = 7;
+inline constexpr qsizetype DamageStep = 7;
 #else
 inline constexpr qsizetype damageStep = 1;
 #endif
@@ -27,7 +27,7 @@ public:
     int All() const { return refused + same + changed; }
 
     /// `step`: of how many bytes one was damaged.
-    void Print(qsizetype step = damageStep) const
+    void Print(qsizetype step = DamageStep) const
     {
         qInfo("1 byte in %d, %d cases: %d refused, %d read as before, %d read with another text",
               int(step), All(), refused, same, changed);

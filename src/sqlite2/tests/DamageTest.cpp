@@ -12,7 +12,7 @@ using namespace Sqlite2;
 
 namespace {
 
-constexpr qsizetype pageSize = 1024;
+constexpr qsizetype PageSize = 1024;
 
 /// Reads everything and gives what Error said; nothing when all could be read.
 std::string ReadDamaged(const QByteArray &bytes)
@@ -126,12 +126,12 @@ void DamageTest::testHostilePages()
         writer.InsertRow("t", {std::string(1500, 'o')});
     });
     // The map of pages that the cases rely on.
-    QCOMPARE(database.size(), 7 * pageSize);
-    QVERIFY(database.mid(5 * pageSize + 26).startsWith("rrr"));
-    QVERIFY(database.mid(3 * pageSize + 4).startsWith("ooo"));
+    QCOMPARE(database.size(), 7 * PageSize);
+    QVERIFY(database.mid(5 * PageSize + 26).startsWith("rrr"));
+    QVERIFY(database.mid(3 * PageSize + 4).startsWith("ooo"));
     QCOMPARE(ReadDamaged(database), std::string());
 
-    database.replace((page - 1) * pageSize + offset, bytes.size(), bytes);
+    database.replace((page - 1) * PageSize + offset, bytes.size(), bytes);
     QVERIFY(!ReadDamaged(database).empty());
 }
 
@@ -143,11 +143,11 @@ void DamageTest::testForeignFiles_data()
     QTest::newRow("text") << QByteArray("id;name\r\n1;x\r\n");
     QTest::newRow("version 3") << QByteArray("SQLite format 3\0", 16) + QByteArray(4080, '\0');
     QTest::newRow("header only") << header;
-    QTest::newRow("no byte-order mark") << header + QByteArray(2 * pageSize - 48, '\0');
+    QTest::newRow("no byte-order mark") << header + QByteArray(2 * PageSize - 48, '\0');
     QTest::newRow("no second page")
-        << header + QByteArray("\x28\x75\xe3\xda", 4) + QByteArray(pageSize - 52, '\0');
-    QTest::newRow("zeros") << QByteArray(4 * pageSize, '\0');
-    QTest::newRow("ones") << QByteArray(4 * pageSize, '\xff');
+        << header + QByteArray("\x28\x75\xe3\xda", 4) + QByteArray(PageSize - 52, '\0');
+    QTest::newRow("zeros") << QByteArray(4 * PageSize, '\0');
+    QTest::newRow("ones") << QByteArray(4 * PageSize, '\xff');
 }
 
 void DamageTest::testForeignFiles()
@@ -226,7 +226,7 @@ void DamageTest::testErrorNamesFileAndTable()
 {
     QByteArray database = TwoTables();
     const quint32 root = StructureChecker(database).RootPages().value("t");
-    database.replace((root - 1) * pageSize, 4, "\xff\xff\xff\xff", 4);
+    database.replace((root - 1) * PageSize, 4, "\xff\xff\xff\xff", 4);
     const Scratch scratch;
     scratch.Write(database);
     try {
@@ -253,9 +253,9 @@ void DamageTest::testManyTablesOverOneTreeAreAnError()
 {
     QByteArray database = TwoTables();
     const QMap<QByteArray, quint32> roots = StructureChecker(database).RootPages();
-    const QByteArray rightChildOfFirst = database.mid((roots.value("t") - 1) * pageSize, 4);
+    const QByteArray rightChildOfFirst = database.mid((roots.value("t") - 1) * PageSize, 4);
     QVERIFY(rightChildOfFirst != QByteArray(4, '\0'));
-    database.replace((roots.value("u") - 1) * pageSize, 4, rightChildOfFirst);
+    database.replace((roots.value("u") - 1) * PageSize, 4, rightChildOfFirst);
     QVERIFY(ReadDamaged(database).find("two links lead to page") != std::string::npos);
 }
 
@@ -265,18 +265,18 @@ void DamageTest::testTreeThatIsAChainIsAnError()
     constexpr int length = 40;
     QByteArray database = MakeDatabase(
         ByteOrder::Little, [](Writer &writer) { writer.CreateTable("CREATE TABLE t(a)"); });
-    QCOMPARE(database.size(), 3 * pageSize);
-    database.resize((3 + length) * pageSize);
+    QCOMPARE(database.size(), 3 * PageSize);
+    database.resize((3 + length) * PageSize);
     for (quint32 page = 3; page < 3 + length; ++page) {
-        uchar *const bytes = reinterpret_cast<uchar *>(database.data()) + (page - 1) * pageSize;
-        std::fill_n(bytes, pageSize, uchar{0});
+        uchar *const bytes = reinterpret_cast<uchar *>(database.data()) + (page - 1) * PageSize;
+        std::fill_n(bytes, PageSize, uchar{0});
         // The next page is the right child, and a cell of 20 bytes the only one.
         qToLittleEndian<quint32>(page + 1, bytes);
         qToLittleEndian<quint16>(8, bytes + 4);
         qToLittleEndian<quint16>(28, bytes + 6);
         qToLittleEndian<quint32>(page + 1, bytes + 8);
         qToLittleEndian<quint16>(4, bytes + 8 + 4);
-        qToLittleEndian<quint16>(pageSize - 28, bytes + 28);
+        qToLittleEndian<quint16>(PageSize - 28, bytes + 28);
     }
     QVERIFY(ReadDamaged(database).find("deeper than a tree can be") != std::string::npos);
 }

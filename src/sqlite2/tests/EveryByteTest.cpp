@@ -14,7 +14,7 @@ using namespace Sqlite2;
 
 namespace {
 
-constexpr qsizetype pageSize = 1024;
+constexpr qsizetype PageSize = 1024;
 
 /// Small, but with all that pages can be: an inner page and its leaves, overflow chains of one and
 /// of two pages, record offsets of one and two bytes, an index, a row id column, an empty table.
@@ -59,7 +59,7 @@ std::optional<TableTexts> ReadAll(const QByteArray &bytes, const QByteArray &jou
     }
 }
 
-constexpr int allBits = 8;
+constexpr int AllBits = 8;
 
 /// The states of a file before and after a write, and the journal that leads back.
 struct Journalled
@@ -69,8 +69,8 @@ struct Journalled
     QByteArray journal;
 };
 
-constexpr qsizetype journalHeader = 20;
-constexpr qsizetype journalRecord = 4 + pageSize + 4;
+constexpr qsizetype JournalHeader = 20;
+constexpr qsizetype JournalRecord = 4 + PageSize + 4;
 
 Journalled UnfinishedWrite()
 {
@@ -81,10 +81,10 @@ Journalled UnfinishedWrite()
     });
     write.after = SmallDatabase(ByteOrder::Little);
     write.journal =
-        QByteArray("\xd9\xd5\x05\xf9\x20\xa1\x63\xd6\0\0\0\x03\0\0\0\x05\0\0\0\x03", journalHeader);
+        QByteArray("\xd9\xd5\x05\xf9\x20\xa1\x63\xd6\0\0\0\x03\0\0\0\x05\0\0\0\x03", JournalHeader);
     for (int page = 1; page <= 3; ++page) {
         write.journal += QByteArray("\0\0\0", 3) + static_cast<char>(page) +
-                         write.before.mid((page - 1) * pageSize, pageSize) +
+                         write.before.mid((page - 1) * PageSize, PageSize) +
                          QByteArray("\0\0\0", 3) + static_cast<char>(page + 5);
     }
     return write;
@@ -128,8 +128,8 @@ void EveryByteTest::testEveryByteDamaged()
 
     DamageCounts counts;
     QByteArray damaged = file;
-    for (qsizetype i = 0; i < file.size(); i += damageStep) {
-        const QByteArray damages = DamagesOf(file, i, allBits);
+    for (qsizetype i = 0; i < file.size(); i += DamageStep) {
+        const QByteArray damages = DamagesOf(file, i, AllBits);
         for (const char damage : damages) {
             damaged[i] = damage;
             const std::optional<TableTexts> read = ReadAll(damaged);
@@ -141,7 +141,7 @@ void EveryByteTest::testEveryByteDamaged()
         damaged[i] = file[i];
     }
     counts.Print();
-    QVERIFY(counts.All() >= file.size() / damageStep * 9);
+    QVERIFY(counts.All() >= file.size() / DamageStep * 9);
 }
 
 void EveryByteTest::testEveryTruncation_data()
@@ -168,20 +168,20 @@ QByteArray EveryByteTest::JournalThatReadsLike(const Journalled &write, qsizetyp
     constexpr qsizetype pagesField = 16;
     QByteArray journal = write.journal;
     journal[damagedByte] = damage;
-    if (damagedByte < countField || (damagedByte >= pagesField && damagedByte < journalHeader))
+    if (damagedByte < countField || (damagedByte >= pagesField && damagedByte < JournalHeader))
         return {};
     if (damagedByte < seedField) {
         // Records behind the number that the header tells do not count.
         const auto count = qFromBigEndian<quint32>(journal.constData() + countField);
-        return write.journal.first(journalHeader + qMin<qsizetype>(count, 3) * journalRecord);
+        return write.journal.first(JournalHeader + qMin<qsizetype>(count, 3) * JournalRecord);
     }
     // A wrong checksum ends the journal.
     if (damagedByte < pagesField)
-        return write.journal.first(journalHeader);
-    const qsizetype record = (damagedByte - journalHeader) / journalRecord;
-    const qsizetype place = (damagedByte - journalHeader) % journalRecord;
-    const bool isContent = place >= 4 && place < 4 + pageSize;
-    return isContent ? journal : write.journal.first(journalHeader + record * journalRecord);
+        return write.journal.first(JournalHeader);
+    const qsizetype record = (damagedByte - JournalHeader) / JournalRecord;
+    const qsizetype place = (damagedByte - JournalHeader) % JournalRecord;
+    const bool isContent = place >= 4 && place < 4 + PageSize;
+    return isContent ? journal : write.journal.first(JournalHeader + record * JournalRecord);
 }
 
 void EveryByteTest::testEveryJournalByteDamaged()
@@ -191,20 +191,20 @@ void EveryByteTest::testEveryJournalByteDamaged()
     QCOMPARE(ReadAll(write.after, write.journal), std::optional(sound));
 
     DamageCounts counts;
-    for (qsizetype i = 0; i < write.journal.size(); i += damageStep) {
-        const QByteArray damages = DamagesOf(write.journal, i, allBits);
+    for (qsizetype i = 0; i < write.journal.size(); i += DamageStep) {
+        const QByteArray damages = DamagesOf(write.journal, i, AllBits);
         for (const char damage : damages) {
             QByteArray journal = write.journal;
             journal[i] = damage;
             const std::optional<TableTexts> read = ReadAll(write.after, journal);
             const QByteArray like = JournalThatReadsLike(write, i, damage);
-            const qsizetype place = (i - journalHeader) % journalRecord - 4;
+            const qsizetype place = (i - JournalHeader) % JournalRecord - 4;
             if (like.isEmpty()) {
                 QVERIFY2(!read, qPrintable(QString::number(i)));
             } else if (like == journal) {
                 // Restored as it is, so it reads like the same damage in the file itself.
                 QByteArray before = write.before;
-                before[(i - journalHeader) / journalRecord * pageSize + place] = damage;
+                before[(i - JournalHeader) / JournalRecord * PageSize + place] = damage;
                 QCOMPARE(read, ReadAll(before));
             } else {
                 QCOMPARE(read, ReadAll(write.after, like));
@@ -213,7 +213,7 @@ void EveryByteTest::testEveryJournalByteDamaged()
         }
     }
     counts.Print();
-    QVERIFY(counts.All() >= write.journal.size() / damageStep * 9);
+    QVERIFY(counts.All() >= write.journal.size() / DamageStep * 9);
 }
 
 void EveryByteTest::testEveryJournalTruncation()
@@ -221,9 +221,9 @@ void EveryByteTest::testEveryJournalTruncation()
     const Journalled write = UnfinishedWrite();
     for (qsizetype size = 0; size < write.journal.size(); ++size) {
         // Without a whole header it is no journal; a record that is not whole does not count.
-        const qsizetype wholeRecords = (size - journalHeader) / journalRecord * journalRecord;
+        const qsizetype wholeRecords = (size - JournalHeader) / JournalRecord * JournalRecord;
         const QByteArray like =
-            size < journalHeader ? QByteArray() : write.journal.first(journalHeader + wholeRecords);
+            size < JournalHeader ? QByteArray() : write.journal.first(JournalHeader + wholeRecords);
         QCOMPARE(ReadAll(write.after, write.journal.first(size)), ReadAll(write.after, like));
     }
     qInfo("%lld cases", static_cast<long long>(write.journal.size()));

@@ -12,8 +12,8 @@ using namespace Sqlite2;
 
 namespace {
 
-constexpr qsizetype pageSize = 1024;
-const QByteArray mark("\xd9\xd5\x05\xf9\x20\xa1\x63\xd6", 8);
+constexpr qsizetype PageSize = 1024;
+const QByteArray Mark("\xd9\xd5\x05\xf9\x20\xa1\x63\xd6", 8);
 
 QByteArray BigEndian(quint32 number)
 {
@@ -24,7 +24,7 @@ QByteArray BigEndian(quint32 number)
 
 QByteArray Header(quint32 records, quint32 seed, quint32 pages)
 {
-    return mark + BigEndian(records) + BigEndian(seed) + BigEndian(pages);
+    return Mark + BigEndian(records) + BigEndian(seed) + BigEndian(pages);
 }
 
 QByteArray Record(quint32 page, const QByteArray &content, quint32 checksum)
@@ -34,7 +34,7 @@ QByteArray Record(quint32 page, const QByteArray &content, quint32 checksum)
 
 QByteArray Page(char filling)
 {
-    return QByteArray(pageSize, filling);
+    return QByteArray(PageSize, filling);
 }
 
 QByteArray RolledBack(const QByteArray &database, const QByteArray &journal)
@@ -80,10 +80,10 @@ void JournalTest::testReaderShowsTheStateBeforeTheWrite()
     const QByteArray before = TableWith("before");
     const QByteArray after = TableWith("after the write", 200);
     QVERIFY(after.size() > before.size());
-    const quint32 pages = static_cast<quint32>(before.size() / pageSize);
+    const quint32 pages = static_cast<quint32>(before.size() / PageSize);
     QByteArray journal = Header(pages, 99, pages);
     for (quint32 page = 1; page <= pages; ++page)
-        journal += Record(page, before.mid((page - 1) * pageSize, pageSize), page + 99);
+        journal += Record(page, before.mid((page - 1) * PageSize, PageSize), page + 99);
 
     const Scratch scratch;
     scratch.Write(after);

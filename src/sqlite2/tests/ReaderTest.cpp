@@ -11,7 +11,7 @@ using namespace Sqlite2::Samples;
 
 namespace {
 
-constexpr auto shapes = "shapes.db";
+constexpr auto Shapes = "shapes.db";
 
 QStringList TableNames(const Reader &reader)
 {
@@ -72,7 +72,7 @@ void ReaderTest::testTablesInTheOrderOfTheirCreation()
     const QStringList expected{QStringLiteral("widths"),   QStringLiteral("deep"),
                                QStringLiteral("edges"),    QStringLiteral("empty_one"),
                                QStringLiteral("odd name"), QStringLiteral("bytes8")};
-    QCOMPARE(TableNames(Reader(File(shapes))), expected);
+    QCOMPARE(TableNames(Reader(File(Shapes))), expected);
 }
 
 void ReaderTest::testColumnsTypesAndRowIdColumn()
@@ -104,7 +104,7 @@ void ReaderTest::testDeclaredIndexes()
 
 void ReaderTest::testOddNamesAndPrimaryKeyAsConstraint()
 {
-    const Reader reader(File(shapes));
+    const Reader reader(File(Shapes));
     const Table *const table = reader.FindTable("odd name");
     QVERIFY(table);
     QCOMPARE(ColumnNames(*table),
@@ -115,7 +115,7 @@ void ReaderTest::testOddNamesAndPrimaryKeyAsConstraint()
     QList<QStringList> rows;
     reader.ReadRows(*table, [&](std::int32_t, const Row &row) { rows.append(Texts(row)); });
     std::ranges::sort(rows, {}, [](const QStringList &row) { return row[2]; });
-    const Answer answer = AnswerTo(shapes, QStringLiteral("select * from \"odd name\" order by d"));
+    const Answer answer = AnswerTo(Shapes, QStringLiteral("select * from \"odd name\" order by d"));
     QCOMPARE(rows, answer.rows);
 }
 
@@ -131,9 +131,9 @@ void ReaderTest::testFindTableIgnoresAsciiCase()
 void ReaderTest::testValuesOfEveryOffsetWidthAndOverflowLength()
 {
     const Answer answer =
-        AnswerTo(shapes, QStringLiteral("select id, length(a) as n, b, c from widths order by id"));
+        AnswerTo(Shapes, QStringLiteral("select id, length(a) as n, b, c from widths order by id"));
     QList<QStringList> rows;
-    for (const auto &[rowId, row] : RowsOf(File(shapes), "widths"))
+    for (const auto &[rowId, row] : RowsOf(File(Shapes), "widths"))
         rows.append(
             {Text(row[0]), QString::number(row[1].value().size()), Text(row[2]), Text(row[3])});
     QCOMPARE(rows.size(), 44);
@@ -142,9 +142,9 @@ void ReaderTest::testValuesOfEveryOffsetWidthAndOverflowLength()
 
 void ReaderTest::testLongValuesByteForByte()
 {
-    const auto rows = RowsOf(File(shapes), "widths");
+    const auto rows = RowsOf(File(Shapes), "widths");
     const Answer answer = AnswerTo(
-        shapes,
+        Shapes,
         QStringLiteral("select id, a from widths where id in (13, 14, 15, 16, 17, 18, 19, 34, "
                        "42) order by id"));
     QCOMPARE(answer.rows.size(), 9);
@@ -154,16 +154,16 @@ void ReaderTest::testLongValuesByteForByte()
 
 void ReaderTest::testDeepTreeWithDeletedRows()
 {
-    const LoadedTable deep(File(shapes), "deep");
-    const auto count = AnswerTo(shapes, QStringLiteral("select count(*) as res from deep"));
+    const LoadedTable deep(File(Shapes), "deep");
+    const auto count = AnswerTo(Shapes, QStringLiteral("select count(*) as res from deep"));
     QCOMPARE(QString::number(deep.rows.size()), count.rows[0][0]);
 
     const auto threes =
-        AnswerTo(shapes, QStringLiteral("select count(*) as res from deep where n=3"));
+        AnswerTo(Shapes, QStringLiteral("select count(*) as res from deep where n=3"));
     QCOMPARE(QString::number(deep.RowIdsWhere(QStringLiteral("n"), QStringLiteral("3")).size()),
              threes.rows[0][0]);
 
-    const auto first = AnswerTo(shapes, QStringLiteral("select id from deep order by id limit 20"));
+    const auto first = AnswerTo(Shapes, QStringLiteral("select id from deep order by id limit 20"));
     QList<QStringList> firstIds;
     for (const auto &[rowId, row] : deep.rows) {
         if (firstIds.size() < 20)
@@ -172,7 +172,7 @@ void ReaderTest::testDeepTreeWithDeletedRows()
     QCOMPARE(firstIds, first.rows);
 
     const auto fours =
-        AnswerTo(shapes, QStringLiteral("select id, t from deep where n=4 and id<400 order by id"));
+        AnswerTo(Shapes, QStringLiteral("select id, t from deep where n=4 and id<400 order by id"));
     QList<QStringList> fourRows;
     for (const std::int32_t rowId : deep.RowIdsWhere(QStringLiteral("n"), QStringLiteral("4"))) {
         if (rowId < 400)
@@ -184,17 +184,17 @@ void ReaderTest::testDeepTreeWithDeletedRows()
 void ReaderTest::testExtremeRowIds()
 {
     QList<QStringList> rows;
-    for (const auto &[rowId, row] : RowsOf(File(shapes), "edges")) {
+    for (const auto &[rowId, row] : RowsOf(File(Shapes), "edges")) {
         QCOMPARE(Text(row[0]), QString::number(rowId));
         rows.append(Texts(row));
     }
-    QCOMPARE(rows, AnswerTo(shapes, QStringLiteral("select id, v from edges order by id")).rows);
+    QCOMPARE(rows, AnswerTo(Shapes, QStringLiteral("select id, v from edges order by id")).rows);
 }
 
 void ReaderTest::testEmptyTable()
 {
-    QVERIFY(AnswerTo(shapes, QStringLiteral("select * from empty_one")).rows.isEmpty());
-    QVERIFY(RowsOf(File(shapes), "empty_one").empty());
+    QVERIFY(AnswerTo(Shapes, QStringLiteral("select * from empty_one")).rows.isEmpty());
+    QVERIFY(RowsOf(File(Shapes), "empty_one").empty());
 }
 
 void ReaderTest::testTextsComeBackAsTheyWereStored()
@@ -279,7 +279,7 @@ void ReaderTest::testProducts()
 
 void ReaderTest::testRowIdsAscend()
 {
-    const Reader reader(File(shapes));
+    const Reader reader(File(Shapes));
     for (const Table &table : reader.Tables()) {
         std::vector<std::int32_t> rowIds;
         reader.ReadRows(table, [&](std::int32_t rowId, const Row &) { rowIds.push_back(rowId); });

@@ -16,7 +16,7 @@ namespace Sqlite2::Samples {
 namespace {
 
 /// Windows-1252 from 0x80 to 0x9f; everything else stands for the code point of its number.
-constexpr std::array<char16_t, 32> upperControls{
+constexpr std::array<char16_t, 32> UpperControls{
     0x20ac, 0x0081, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008d, 0x017d, 0x008f, 0x0090, 0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
     0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0x009d, 0x017e, 0x0178};
@@ -72,7 +72,7 @@ QString Text(const Value &value)
     for (const char c : *value) {
         const auto byte = static_cast<unsigned char>(c);
         const bool isUpperControl = byte >= 0x80 && byte < 0xa0;
-        text.append(QChar(isUpperControl ? upperControls[byte - 0x80] : char16_t{byte}));
+        text.append(QChar(isUpperControl ? UpperControls[byte - 0x80] : char16_t{byte}));
     }
     return text;
 }

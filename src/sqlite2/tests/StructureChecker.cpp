@@ -7,7 +7,7 @@ namespace Sqlite2 {
 
 namespace {
 
-constexpr int localPayload = static_cast<int>(Format::maxLocalPayload);
+constexpr int LocalPayload = static_cast<int>(Format::MaxLocalPayload);
 
 /// The values of a record of `sqlite_master`; all its texts are short of 64 KB.
 QList<QByteArray> MasterValues(const QByteArray &record)
@@ -45,14 +45,14 @@ quint32 StructureChecker::Number(qsizetype at, int size) const
 
 qsizetype StructureChecker::PageStart(quint32 page) const
 {
-    if (page == 0 || page * pageBytes > bytes.size())
+    if (page == 0 || page * PageBytes > bytes.size())
         throw std::runtime_error("a page outside the file");
-    return (page - 1) * pageBytes;
+    return (page - 1) * PageBytes;
 }
 
 StructureChecker::Entry StructureChecker::EntryAt(quint32 page, int offset) const
 {
-    if (offset < 8 || offset + 12 > pageBytes)
+    if (offset < 8 || offset + 12 > PageBytes)
         throw std::runtime_error("a cell outside its page");
     const qsizetype at = PageStart(page) + offset;
     Entry entry;
@@ -60,10 +60,10 @@ StructureChecker::Entry StructureChecker::EntryAt(quint32 page, int offset) cons
     entry.next = static_cast<int>(Number(at + 6, 2));
     entry.keySize = Number(at + 4, 2) + (Number(at + 8, 1) << 16);
     const qsizetype size = entry.keySize + Number(at + 10, 2) + (Number(at + 9, 1) << 16);
-    const int local = static_cast<int>(std::min<qsizetype>(size, localPayload));
+    const int local = static_cast<int>(std::min<qsizetype>(size, LocalPayload));
     entry.offset = offset;
     entry.sizeInPage = (12 + local + (size > local ? 4 : 0) + 3) / 4 * 4;
-    if (offset + entry.sizeInPage > pageBytes)
+    if (offset + entry.sizeInPage > PageBytes)
         throw std::runtime_error("a cell reaches out of its page");
     entry.payload = bytes.mid(at + 12, local);
     quint32 overflow = size > local ? Number(at + 12 + local, 4) : 0;
@@ -126,7 +126,7 @@ QList<QByteArray> StructureChecker::Records(quint32 rootPage) const
 QList<QList<QByteArray>> StructureChecker::Schema() const
 {
     QList<QList<QByteArray>> entries;
-    for (const QByteArray &record : Records(Format::masterRootPage))
+    for (const QByteArray &record : Records(Format::MasterRootPage))
         entries.append(MasterValues(record));
     return entries;
 }
@@ -143,7 +143,7 @@ QStringList StructureChecker::Run()
 {
     try {
         CheckHeader();
-        CheckTree(Format::masterRootPage, QStringLiteral("sqlite_master"));
+        CheckTree(Format::MasterRootPage, QStringLiteral("sqlite_master"));
         QMap<QByteArray, qsizetype> rowCounts;
         QList<std::pair<QByteArray, quint32>> indexes;
         for (const QList<QByteArray> &values : Schema()) {
@@ -161,7 +161,7 @@ QStringList StructureChecker::Run()
                 Report(QStringLiteral("index at page %1 does not match its table").arg(root));
         }
         CheckFreeList();
-        for (quint32 page = 1; page <= bytes.size() / pageBytes; ++page) {
+        for (quint32 page = 1; page <= bytes.size() / PageBytes; ++page) {
             if (!uses.contains(page))
                 Report(QStringLiteral("page %1 belongs to nothing").arg(page));
         }
@@ -177,11 +177,11 @@ void StructureChecker::CheckHeader()
         Report(QStringLiteral("wrong header text"));
     if (Number(48, 4) != 0xdae37528)
         Report(QStringLiteral("wrong byte-order mark"));
-    if (bytes.size() % pageBytes != 0)
+    if (bytes.size() % PageBytes != 0)
         Report(QStringLiteral("no whole number of pages"));
     if (Number(64, 4) != 4)
         Report(QStringLiteral("file format is not 4"));
-    if (bytes.mid(96, pageBytes - 96).count('\0') != pageBytes - 96)
+    if (bytes.mid(96, PageBytes - 96).count('\0') != PageBytes - 96)
         Report(QStringLiteral("page 1 holds more than its header"));
     Use(1, QStringLiteral("header"));
 }
@@ -245,7 +245,7 @@ void StructureChecker::CheckCoverage(quint32 page, const QList<Entry> &entries)
             Report(QStringLiteral("page %1: a gap or an overlap at %2").arg(page).arg(begin));
         covered = begin + size;
     }
-    if (covered != pageBytes)
+    if (covered != PageBytes)
         Report(QStringLiteral("page %1 is covered up to %2").arg(page).arg(covered));
 }
 
@@ -257,7 +257,7 @@ void StructureChecker::CheckFreeList()
         Use(trunk, QStringLiteral("free"));
         const quint32 leaves = Number(PageStart(trunk) + 4, 4);
         count += 1 + leaves;
-        if (leaves > 254 || count > bytes.size() / pageBytes)
+        if (leaves > 254 || count > bytes.size() / PageBytes)
             throw std::runtime_error("a free list that cannot be one");
         for (quint32 i = 0; i < leaves; ++i)
             Use(Number(PageStart(trunk) + 8 + qsizetype{4} * i, 4), QStringLiteral("free"));

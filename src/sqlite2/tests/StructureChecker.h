@@ -9,7 +9,7 @@
 namespace Sqlite2 {
 
 /// The bytes of a page, to reckon with positions in Qt's byte arrays.
-inline constexpr auto pageBytes = static_cast<qsizetype>(Format::pageSize);
+inline constexpr auto PageBytes = static_cast<qsizetype>(Format::PageSize);
 
 /// Looks over a whole version 2 file for what a reader of tables need not notice. It reads the
 /// bytes by itself and shares nothing with the library but the format's measures.

@@ -19,7 +19,7 @@ namespace {
 
 using Rows = std::map<std::int32_t, Row>;
 
-constexpr std::array byteOrders{ByteOrder::Little, ByteOrder::Big};
+constexpr std::array ByteOrders{ByteOrder::Little, ByteOrder::Big};
 
 QByteArray SampleBytes(const std::string &name)
 {
@@ -157,7 +157,7 @@ void WriterTest::testSampleWrittenAnewIsTheSameByteForByte()
 
 void WriterTest::testEmptyDatabase()
 {
-    for (const ByteOrder order : byteOrders) {
+    for (const ByteOrder order : ByteOrders) {
         const Scratch scratch;
         Writer(order).Finish(scratch.File());
         QCOMPARE(scratch.Bytes().size(), 2 * 1024);
@@ -196,7 +196,7 @@ void WriterTest::testEverySizeAroundTheLimits()
 {
     QFETCH(int, first);
     QFETCH(int, last);
-    for (const ByteOrder order : byteOrders) {
+    for (const ByteOrder order : ByteOrders) {
         const Scratch scratch;
         Writer writer(order);
         writer.CreateTable("CREATE TABLE one(a)");
@@ -289,7 +289,7 @@ void WriterTest::testRandomRowsComeBack()
         shuffled.push_back(row);
     std::ranges::shuffle(shuffled, random);
 
-    for (const ByteOrder order : byteOrders) {
+    for (const ByteOrder order : ByteOrders) {
         const Scratch scratch;
         Writer writer(order);
         writer.CreateTable(declaration + ')');
@@ -304,7 +304,7 @@ void WriterTest::testRandomRowsComeBack()
 
 void WriterTest::testLongIndexKeys()
 {
-    for (const ByteOrder order : byteOrders) {
+    for (const ByteOrder order : ByteOrders) {
         const QByteArray database = MakeDatabase(order, [](Writer &writer) {
             writer.CreateTable("CREATE TABLE t(a TEXT)");
             writer.CreateIndex("CREATE INDEX i ON t(a)");

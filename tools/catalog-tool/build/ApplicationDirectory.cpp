@@ -15,7 +15,7 @@ namespace {
 
 /// All that a build makes or clears away. A journal that an old database left behind would be laid
 /// over the new one.
-constexpr std::array parts{"catalog.db", "catalog.db-journal", "resources.chm", "content",
+constexpr std::array Parts{"catalog.db", "catalog.db-journal", "resources.chm", "content",
                            "PDF",        "price_list.txt",     "version"};
 
 [[noreturn]] void ThrowUnwritable(const QString &path, const QString &reason)
@@ -82,7 +82,7 @@ void ApplicationDirectory::Write(const QString &path, const QByteArray &bytes)
 
 void ApplicationDirectory::Finish()
 {
-    for (const char *part : parts)
+    for (const char *part : Parts)
         Replace(QString::fromLatin1(part));
 }
 

@@ -18,9 +18,9 @@ namespace Tesk {
 
 namespace {
 
-constexpr QLatin1String projectName("resources.hhp");
-constexpr QLatin1String containerName("resources.chm");
-constexpr std::chrono::milliseconds compileTimeLimit = std::chrono::minutes(10);
+constexpr QLatin1String ProjectName("resources.hhp");
+constexpr QLatin1String ContainerName("resources.chm");
+constexpr std::chrono::milliseconds CompileTimeLimit = std::chrono::minutes(10);
 
 void WriteFile(const QDir &folder, const QString &name, const QByteArray &bytes)
 {
@@ -36,7 +36,7 @@ void WriteFile(const QDir &folder, const QString &name, const QByteArray &bytes)
 QByteArray Project(const QList<ContainerMember> &members)
 {
     QByteArray text = "[OPTIONS]\nCompatibility=1.1 or later\nFull-text search=No\n";
-    text += "Compiled file=" + QByteArray(containerName.data()) + "\n\n[FILES]\n";
+    text += "Compiled file=" + QByteArray(ContainerName.data()) + "\n\n[FILES]\n";
     for (const ContainerMember &member : members)
         text += member.path.toLatin1() + '\n';
     return text;
@@ -62,15 +62,15 @@ void Compile(const QDir &folder)
     compiler.setProcessChannelMode(QProcess::MergedChannels);
     compiler.start(QStringLiteral("chmcmd"),
                    {QStringLiteral("--no-html-scan"), QStringLiteral("--verbosity"),
-                    QStringLiteral("0"), projectName});
+                    QStringLiteral("0"), ProjectName});
     if (!compiler.waitForStarted())
         throw CatalogueError(QStringLiteral("chmcmd is missing: install fp-utils"));
     compiler.closeWriteChannel();
-    const bool isFinished = compiler.waitForFinished(static_cast<int>(compileTimeLimit.count()));
+    const bool isFinished = compiler.waitForFinished(static_cast<int>(CompileTimeLimit.count()));
     if (!isFinished)
         compiler.kill();
     const bool isGood = isFinished && compiler.exitStatus() == QProcess::NormalExit &&
-                        compiler.exitCode() == 0 && folder.exists(containerName);
+                        compiler.exitCode() == 0 && folder.exists(ContainerName);
     if (!isGood)
         throw CatalogueError(QStringLiteral("chmcmd could not compile the container: %1")
                                  .arg(isFinished ? Complaint(compiler.readAll())
@@ -114,10 +114,10 @@ void BuildContainer(const CatalogueSources &sources, const QString &fileName)
     const QList<ContainerMember> members = PlanContainer(sources);
     for (const ContainerMember &member : members)
         WriteFile(folder, member.path, member.Bytes(sources));
-    WriteFile(folder, projectName, Project(members));
+    WriteFile(folder, ProjectName, Project(members));
 
     Compile(folder);
-    CorrectContainerFile(folder.filePath(containerName), fileName);
+    CorrectContainerFile(folder.filePath(ContainerName), fileName);
     CheckMembers(fileName, sources, members);
 }
 

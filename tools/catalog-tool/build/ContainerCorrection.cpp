@@ -7,22 +7,22 @@ namespace Tesk {
 namespace {
 
 // Places in the file's header and in that of its directory.
-constexpr qsizetype timeOffset = 0x10;
-constexpr qsizetype directoryOffsetOffset = 0x48;
-constexpr qsizetype headerSize = 0x60;
-constexpr qsizetype blockSizeOffset = 0x10;
-constexpr qsizetype firstBlockOffset = 0x20;
-constexpr qsizetype blockCountOffset = 0x2C;
-constexpr qsizetype directoryHeaderSize = 0x54;
+constexpr qsizetype TimeOffset = 0x10;
+constexpr qsizetype DirectoryOffsetOffset = 0x48;
+constexpr qsizetype HeaderSize = 0x60;
+constexpr qsizetype BlockSizeOffset = 0x10;
+constexpr qsizetype FirstBlockOffset = 0x20;
+constexpr qsizetype BlockCountOffset = 0x2C;
+constexpr qsizetype DirectoryHeaderSize = 0x54;
 
 // In a block of listed members.
-constexpr char listingMark[] = "PMGL";
-constexpr qsizetype previousBlockOffset = 0x0C;
-constexpr qint32 noBlock = -1;
+constexpr char ListingMark[] = "PMGL";
+constexpr qsizetype PreviousBlockOffset = 0x0C;
+constexpr qint32 NoBlock = -1;
 
-constexpr quint16 timeRecord = 10;
-constexpr qsizetype versionSize = 4;
-constexpr qsizetype recordHeaderSize = 4;
+constexpr quint16 TimeRecord = 10;
+constexpr qsizetype VersionSize = 4;
+constexpr qsizetype RecordHeaderSize = 4;
 
 template <typename Number>
 Number Get(const QByteArray &bytes, qsizetype offset)
@@ -41,15 +41,15 @@ void Put(QByteArray &bytes, qsizetype offset, qint32 number)
 /// The listing block that no other one comes before.
 void CorrectFirstBlock(QByteArray &container)
 {
-    const auto directory = static_cast<qsizetype>(Get<quint64>(container, directoryOffsetOffset));
-    const auto blockSize = Get<qint32>(container, directory + blockSizeOffset);
-    const auto blockCount = Get<qint32>(container, directory + blockCountOffset);
+    const auto directory = static_cast<qsizetype>(Get<quint64>(container, DirectoryOffsetOffset));
+    const auto blockSize = Get<qint32>(container, directory + BlockSizeOffset);
+    const auto blockCount = Get<qint32>(container, directory + BlockCountOffset);
     for (qint32 block = 0; block < blockCount; ++block) {
         const qsizetype start =
-            directory + directoryHeaderSize + static_cast<qsizetype>(block) * blockSize;
-        if (container.mid(start, 4) == listingMark &&
-            Get<qint32>(container, start + previousBlockOffset) == noBlock) {
-            Put(container, directory + firstBlockOffset, block);
+            directory + DirectoryHeaderSize + static_cast<qsizetype>(block) * blockSize;
+        if (container.mid(start, 4) == ListingMark &&
+            Get<qint32>(container, start + PreviousBlockOffset) == NoBlock) {
+            Put(container, directory + FirstBlockOffset, block);
             return;
         }
     }
@@ -57,15 +57,15 @@ void CorrectFirstBlock(QByteArray &container)
 
 void ClearTimes(QByteArray &container, const QByteArray &systemRecord)
 {
-    Put(container, timeOffset, 0);
+    Put(container, TimeOffset, 0);
     const qsizetype start = container.indexOf(systemRecord);
     if (start < 0)
         return;
-    qsizetype offset = versionSize;
-    while (offset + recordHeaderSize <= systemRecord.size()) {
-        if (Get<quint16>(systemRecord, offset) == timeRecord)
-            Put(container, start + offset + recordHeaderSize, 0);
-        offset += recordHeaderSize + Get<quint16>(systemRecord, offset + 2);
+    qsizetype offset = VersionSize;
+    while (offset + RecordHeaderSize <= systemRecord.size()) {
+        if (Get<quint16>(systemRecord, offset) == TimeRecord)
+            Put(container, start + offset + RecordHeaderSize, 0);
+        offset += RecordHeaderSize + Get<quint16>(systemRecord, offset + 2);
     }
 }
 
@@ -73,7 +73,7 @@ void ClearTimes(QByteArray &container, const QByteArray &systemRecord)
 
 void CorrectContainer(QByteArray &container, const QByteArray &systemRecord)
 {
-    if (container.size() < headerSize)
+    if (container.size() < HeaderSize)
         return;
     CorrectFirstBlock(container);
     ClearTimes(container, systemRecord);

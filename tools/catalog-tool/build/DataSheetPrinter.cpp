@@ -18,13 +18,13 @@ namespace Tesk {
 namespace {
 
 /// Pixels of the page are CSS pixels.
-constexpr int resolution = 96;
-constexpr QMarginsF pageMarginsMm(20, 18, 20, 14);
-constexpr double footerHeight = 32;
-constexpr double bodyFontPoints = 10;
-constexpr double footerFontPoints = 8;
-constexpr QRgb footerColour = qRgb(107, 114, 120);
-constexpr QRgb ruleColour = qRgb(227, 228, 230);
+constexpr int Resolution = 96;
+constexpr QMarginsF PageMarginsMm(20, 18, 20, 14);
+constexpr double FooterHeight = 32;
+constexpr double BodyFontPoints = 10;
+constexpr double FooterFontPoints = 8;
+constexpr QRgb FooterColour = qRgb(107, 114, 120);
+constexpr QRgb RuleColour = qRgb(227, 228, 230);
 
 QString ReadPage(const QString &htmlFile)
 {
@@ -82,11 +82,11 @@ private:
     void PaintFooter(int page)
     {
         const QRectF footer(0, bodyHeight, area.width(), area.height() - bodyHeight);
-        const double ruleY = footer.top() + footerHeight / 3;
-        painter.setPen(QPen(QColor(ruleColour), 1));
+        const double ruleY = footer.top() + FooterHeight / 3;
+        painter.setPen(QPen(QColor(RuleColour), 1));
         painter.drawLine(QPointF(footer.left(), ruleY), QPointF(footer.right(), ruleY));
-        painter.setPen(QColor(footerColour));
-        painter.setFont(SheetFont(footerFontPoints));
+        painter.setPen(QColor(FooterColour));
+        painter.setFont(SheetFont(FooterFontPoints));
         painter.drawText(footer, Qt::AlignLeft | Qt::AlignBottom,
                          document.metaInformation(QTextDocument::DocumentTitle));
         painter.drawText(footer, Qt::AlignRight | Qt::AlignBottom,
@@ -118,10 +118,10 @@ QByteArray PrintDataSheet(const QString &htmlFile)
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
-    writer.setResolution(resolution);
+    writer.setResolution(Resolution);
     writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageMargins(pageMarginsMm, QPageLayout::Millimeter);
-    const QSizeF area = writer.pageLayout().paintRectPixels(resolution).size();
+    writer.setPageMargins(PageMarginsMm, QPageLayout::Millimeter);
+    const QSizeF area = writer.pageLayout().paintRectPixels(Resolution).size();
 
     QTextDocument document;
     SheetImages images(QFileInfo(htmlFile).dir());
@@ -129,8 +129,8 @@ QByteArray PrintDataSheet(const QString &htmlFile)
     document.documentLayout()->setPaintDevice(&writer);
     document.setUseDesignMetrics(true);
     document.setDocumentMargin(0);
-    document.setDefaultFont(SheetFont(bodyFontPoints));
-    document.setPageSize({area.width(), area.height() - footerHeight});
+    document.setDefaultFont(SheetFont(BodyFontPoints));
+    document.setPageSize({area.width(), area.height() - FooterHeight});
     document.setBaseUrl(QUrl::fromLocalFile(htmlFile));
     document.setHtml(ReadPage(htmlFile));
     writer.setTitle(document.metaInformation(QTextDocument::DocumentTitle));

@@ -14,10 +14,10 @@ namespace Tesk {
 
 namespace {
 
-constexpr int largestSide = 0xFFFF;
-constexpr int paletteSize = 256;
-constexpr int transparentIndex = 0;
-constexpr qsizetype colourLimit = paletteSize - 1;
+constexpr int LargestSide = 0xFFFF;
+constexpr int PaletteSize = 256;
+constexpr int TransparentIndex = 0;
+constexpr qsizetype ColourLimit = PaletteSize - 1;
 
 /// Colours that share all but the lowest bits of each channel count as one: their average. Done
 /// here because giflib's own quantiser keeps five bits, which makes white a light grey.
@@ -28,7 +28,7 @@ public:
     {
         for (droppedBits = 0; droppedBits < 8; ++droppedBits) {
             Collect(picture);
-            if (cells.size() <= colourLimit)
+            if (cells.size() <= ColourLimit)
                 break;
         }
         for (Cell &cell : cells) {
@@ -39,7 +39,7 @@ public:
 
     int IndexOf(QRgb pixel) const
     {
-        return qAlpha(pixel) == 0 ? transparentIndex : cells.value(KeyOf(pixel)).index;
+        return qAlpha(pixel) == 0 ? TransparentIndex : cells.value(KeyOf(pixel)).index;
     }
 
     /// The colour of index 1 and those that follow.
@@ -120,7 +120,7 @@ ColorMap MakeColorMap(const Palette &palette)
     // A palette of 2, 4, 8 ... 256 entries; those beyond the colours stay black and unused.
     const int entryCount = 1 << GifBitSize(static_cast<int>(palette.Colours().size()) + 1);
     std::vector<GifColorType> entries(static_cast<size_t>(entryCount), GifColorType{0, 0, 0});
-    entries[transparentIndex] = {255, 255, 255};
+    entries[TransparentIndex] = {255, 255, 255};
     for (size_t i = 0; i < palette.Colours().size(); ++i) {
         const QRgb colour = palette.Colours()[i];
         entries[i + 1] = {static_cast<GifByteType>(qRed(colour)),
@@ -133,12 +133,12 @@ ColorMap MakeColorMap(const Palette &palette)
 void WriteHeader(GifFileType *file, const QImage &picture, const ColorMapObject *colors)
 {
     GraphicsControlBlock control{};
-    control.TransparentColor = transparentIndex;
+    control.TransparentColor = TransparentIndex;
     std::array<GifByteType, 4> extension{};
     EGifGCBToExtension(&control, extension.data());
 
     EGifSetGifVersion(file, true);
-    Check(EGifPutScreenDesc(file, picture.width(), picture.height(), 8, transparentIndex, colors),
+    Check(EGifPutScreenDesc(file, picture.width(), picture.height(), 8, TransparentIndex, colors),
           file->Error);
     Check(EGifPutExtension(file, GRAPHICS_EXT_FUNC_CODE, static_cast<int>(extension.size()),
                            extension.data()),
@@ -162,10 +162,10 @@ void WritePixels(GifFileType *file, const QImage &picture, const Palette &palett
 
 QByteArray WriteGif(const QImage &picture)
 {
-    if (picture.isNull() || picture.width() > largestSide || picture.height() > largestSide)
+    if (picture.isNull() || picture.width() > LargestSide || picture.height() > LargestSide)
         throw CatalogueError(QStringLiteral("A GIF picture has at most %1 pixels a side. Make the "
                                             "drawing smaller.")
-                                 .arg(largestSide));
+                                 .arg(LargestSide));
     const Palette palette(picture);
     const ColorMap colors = MakeColorMap(palette);
 

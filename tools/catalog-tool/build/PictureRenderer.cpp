@@ -11,8 +11,8 @@ namespace Tesk {
 namespace {
 
 /// Edges are drawn this much finer and averaged down.
-constexpr int supersampling = 4;
-constexpr int smallestOpaqueAlpha = 128;
+constexpr int Supersampling = 4;
+constexpr int SmallestOpaqueAlpha = 128;
 
 QRgb OverWhite(QRgb pixel)
 {
@@ -28,7 +28,7 @@ QImage RenderPicture(const SvgSource &drawing)
 {
     const QSize size = (drawing.Size() * PixelsPerCssPixel).toSize();
     QSvgRenderer renderer(drawing.Bytes());
-    QImage fine(size * supersampling, QImage::Format_ARGB32_Premultiplied);
+    QImage fine(size * Supersampling, QImage::Format_ARGB32_Premultiplied);
     if (!renderer.isValid() || fine.isNull())
         throw CatalogueError(QStringLiteral("The drawing cannot be rendered at %1 x %2 pixels. "
                                             "Check its viewBox.")
@@ -45,7 +45,7 @@ QImage RenderPicture(const SvgSource &drawing)
     for (int y = 0; y < picture.height(); ++y) {
         auto *pixels = reinterpret_cast<QRgb *>(picture.scanLine(y));
         for (int x = 0; x < picture.width(); ++x)
-            pixels[x] = qAlpha(pixels[x]) < smallestOpaqueAlpha ? 0 : OverWhite(pixels[x]);
+            pixels[x] = qAlpha(pixels[x]) < SmallestOpaqueAlpha ? 0 : OverWhite(pixels[x]);
     }
     return picture;
 }

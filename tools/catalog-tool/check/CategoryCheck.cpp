@@ -12,7 +12,7 @@ namespace Tesk {
 
 namespace {
 
-constexpr std::array sortKeys{QLatin1String("firstLevelId"), QLatin1String("catLevel2"),
+constexpr std::array SortKeys{QLatin1String("firstLevelId"), QLatin1String("catLevel2"),
                               QLatin1String("catLevel3"), QLatin1String("catLevel4"),
                               QLatin1String("catLevel5")};
 
@@ -53,7 +53,7 @@ public:
 
     bool operator()(const TableRow &left, const TableRow &right) const
     {
-        for (const QLatin1String key : sortKeys) {
+        for (const QLatin1String key : SortKeys) {
             const int order = Compare(left.At(key), right.At(key), ClassOf(key));
             if (order != 0)
                 return order < 0;
@@ -79,7 +79,7 @@ private:
 
 void CheckSortKeys(const TableRow &row, Problems &problems)
 {
-    for (const QLatin1String key : sortKeys) {
+    for (const QLatin1String key : SortKeys) {
         if (row.At(key))
             CheckWholeNumber(row, key, 0, problems);
     }

@@ -10,7 +10,7 @@ namespace Tesk {
 
 namespace {
 
-constexpr int largestNumber = std::numeric_limits<qint16>::max();
+constexpr int LargestNumber = std::numeric_limits<qint16>::max();
 
 } // namespace
 
@@ -22,13 +22,13 @@ std::optional<int> CheckWholeNumber(const TableRow &row, QLatin1String column, i
     const QString text = row.Text(column);
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
-    if (isNumber && form.match(text).hasMatch() && number >= least && number <= largestNumber)
+    if (isNumber && form.match(text).hasMatch() && number >= least && number <= LargestNumber)
         return number;
     problems.Add(row.Source().File(), row.Line(),
                  QStringLiteral("%1 is \"%2\"; write a whole number from %3 to %4")
                      .arg(column, text)
                      .arg(least)
-                     .arg(largestNumber));
+                     .arg(LargestNumber));
     return std::nullopt;
 }
 

@@ -10,11 +10,11 @@ namespace Tesk {
 
 namespace {
 
-constexpr QLatin1String errorKeys("error");
+constexpr QLatin1String ErrorKeys("error");
 
 QString WithoutText(const QString &key)
 {
-    return key.startsWith(errorKeys) ? QStringLiteral("this error would be told in English")
+    return key.startsWith(ErrorKeys) ? QStringLiteral("this error would be told in English")
                                      : QStringLiteral("nothing would show in its place");
 }
 

@@ -17,26 +17,26 @@ namespace {
 using Sqlite2::Row;
 using Sqlite2::Value;
 
-constexpr int maxProducts = 32767;
-constexpr int maxCategories = 32767;
-constexpr int maxReferenceNumbers = 1'000'000;
+constexpr int MaxProducts = 32767;
+constexpr int MaxCategories = 32767;
+constexpr int MaxReferenceNumbers = 1'000'000;
 
-constexpr int productsPerCategory = 80;
-constexpr int fewestCategories = 12;
-constexpr int mostCategories = 400;
-constexpr int referenceNumbersPerProduct = 2;
+constexpr int ProductsPerCategory = 80;
+constexpr int FewestCategories = 12;
+constexpr int MostCategories = 400;
+constexpr int ReferenceNumbersPerProduct = 2;
 
-constexpr int setOneIn = 50;
-constexpr int fewestSetMembers = 3;
-constexpr int setMemberRange = 10;
-constexpr int maxMemberAmount = 9;
+constexpr int SetOneIn = 50;
+constexpr int FewestSetMembers = 3;
+constexpr int SetMemberRange = 10;
+constexpr int MaxMemberAmount = 9;
 /// So often a product lies in the first leaf, whatever its own: about 500 of 32,000.
-constexpr int firstLeafOneIn = 85;
-constexpr int secondCategoryOneIn = 20;
+constexpr int FirstLeafOneIn = 85;
+constexpr int SecondCategoryOneIn = 20;
 /// More than a kind has pictures.
-constexpr int pictureRange = 20;
+constexpr int PictureRange = 20;
 
-constexpr std::array schema{
+constexpr std::array Schema{
     "CREATE TABLE categories (ID INTEGER PRIMARY KEY, TREE_ID INTEGER, parent VARCHAR(10), "
     "title_ge VARCHAR(255), title_en VARCHAR(255), title_fr VARCHAR(255), title_sp VARCHAR(255), "
     "title_it VARCHAR(255), firstLevelId INTEGER, catLevel2 INTEGER, catLevel3 INTEGER, "
@@ -53,7 +53,7 @@ constexpr std::array schema{
     "CREATE TABLE reference_numbers (ID INTEGER, sRefNo VARCHAR(50), sUnternehmen VARCHAR(100))",
 };
 
-constexpr std::array indexes{
+constexpr std::array Indexes{
     "CREATE INDEX i1 ON products_localized (ID, lang)",
     "CREATE INDEX i2 ON products2categories (catID)",
     "CREATE INDEX i3 ON products2sets (iSetID)",
@@ -81,9 +81,9 @@ public:
         , vocabulary(MakeVocabulary())
         , products(vocabulary, random)
     {
-        for (const char *statement : schema)
+        for (const char *statement : Schema)
             writer.CreateTable(statement);
-        for (const char *statement : indexes)
+        for (const char *statement : Indexes)
             writer.CreateIndex(statement);
     }
 
@@ -100,7 +100,7 @@ private:
     void AddCategories()
     {
         const int byProducts =
-            std::clamp(options.products / productsPerCategory, fewestCategories, mostCategories);
+            std::clamp(options.products / ProductsPerCategory, FewestCategories, MostCategories);
         for (const Category &category :
              PlanCategories(options.categories.value_or(byProducts), vocabulary, random)) {
             Row row{std::to_string(category.id), std::to_string(category.treeId),
@@ -119,10 +119,10 @@ private:
     {
         const Category &category = LeafOf(id);
         const Kind &kind = vocabulary.kinds[category.kind];
-        const bool isSet = id % setOneIn == 0;
+        const bool isSet = id % SetOneIn == 0;
         const int length = products.Length();
         const Size size = SizeOf(length);
-        const auto picture = static_cast<std::size_t>(random.Below(pictureRange));
+        const auto picture = static_cast<std::size_t>(random.Below(PictureRange));
         const std::string &mainPicture = kind.pictures[picture % kind.pictures.size()];
         const bool hasDetailPicture = random.Below(2) == 0 && !kind.detailPictures.empty();
         const std::string detailPicture =
@@ -137,8 +137,8 @@ private:
                           hasDetailPicture ? "1.5" : "0", "", "0"});
 
         const auto description = isSet ? products.DescribeSet(kind) : products.Describe(kind);
-        for (std::size_t i = 0; i < languageCount; ++i)
-            writer.InsertRow("products_localized", {std::to_string(id), languageCodes[i],
+        for (std::size_t i = 0; i < LanguageCount; ++i)
+            writer.InsertRow("products_localized", {std::to_string(id), LanguageCodes[i],
                                                     description.name[i], description.form[i]});
         AddToCategories(id, category.id);
         if (isSet)
@@ -148,7 +148,7 @@ private:
     const Category &LeafOf(int id)
     {
         if (!options.firstLeafProducts)
-            return random.OneIn(firstLeafOneIn) ? leaves.front() : random.Pick(leaves);
+            return random.OneIn(FirstLeafOneIn) ? leaves.front() : random.Pick(leaves);
         // Evenly among the ids.
         const auto countUpTo = [this](std::int64_t ids) {
             return ids * *options.firstLeafProducts / options.products;
@@ -172,21 +172,21 @@ private:
         add(category);
         const bool isFirstLeafFull = options.firstLeafProducts && leaves.size() > 1;
         const int other = isFirstLeafFull ? OtherLeaf().id : random.Pick(leaves).id;
-        if (random.OneIn(secondCategoryOneIn) && other != category)
+        if (random.OneIn(SecondCategoryOneIn) && other != category)
             add(other);
     }
 
     /// A set's members are single products with smaller ids.
     void AddMembers(int id)
     {
-        const int count = fewestSetMembers + random.Below(setMemberRange);
+        const int count = FewestSetMembers + random.Below(SetMemberRange);
         std::set<int> members;
         while (static_cast<int>(members.size()) < count) {
             const int member = 1 + random.Below(id - 1);
-            if (member % setOneIn == 0 || !members.insert(member).second)
+            if (member % SetOneIn == 0 || !members.insert(member).second)
                 continue;
             writer.InsertRow("products2sets", {std::to_string(id), std::to_string(member),
-                                               std::to_string(1 + random.Below(maxMemberAmount)),
+                                               std::to_string(1 + random.Below(MaxMemberAmount)),
                                                std::to_string(members.size())});
         }
     }
@@ -194,7 +194,7 @@ private:
     void AddReferenceNumbers()
     {
         const int total =
-            options.referenceNumbers.value_or(options.products * referenceNumbersPerProduct);
+            options.referenceNumbers.value_or(options.products * ReferenceNumbersPerProduct);
         std::vector<int> ids;
         ids.reserve(static_cast<std::size_t>(total));
         for (int i = 0; i < total; ++i)
@@ -221,12 +221,12 @@ private:
 
 void GenerateCatalogue(const std::filesystem::path &file, const GeneratorOptions &options)
 {
-    RequireRange(QStringLiteral("products"), options.products, 1, maxProducts);
+    RequireRange(QStringLiteral("products"), options.products, 1, MaxProducts);
     if (options.categories)
-        RequireRange(QStringLiteral("categories"), *options.categories, 1, maxCategories);
+        RequireRange(QStringLiteral("categories"), *options.categories, 1, MaxCategories);
     if (options.referenceNumbers)
         RequireRange(QStringLiteral("reference numbers"), *options.referenceNumbers, 0,
-                     maxReferenceNumbers);
+                     MaxReferenceNumbers);
     if (options.firstLeafProducts)
         RequireRange(QStringLiteral("products in the first category"), *options.firstLeafProducts,
                      0, options.products);

@@ -7,17 +7,17 @@ namespace Tesk {
 namespace {
 
 /// Room for whatever a maker may put between two categories later.
-constexpr int treeIdStep = 3;
-constexpr int firstTreeId = 500;
+constexpr int TreeIdStep = 3;
+constexpr int FirstTreeId = 500;
 
-constexpr int categoriesPerKind = 8;
-constexpr int maxShapes = 6;
-constexpr int maxInventors = 3;
+constexpr int CategoriesPerKind = 8;
+constexpr int MaxShapes = 6;
+constexpr int MaxInventors = 3;
 
 Words Joined(const Words &left, const std::string &separator, const Words &right)
 {
     Words joined;
-    for (std::size_t i = 0; i < languageCount; ++i)
+    for (std::size_t i = 0; i < LanguageCount; ++i)
         joined[i] = left[i] + separator + right[i];
     return joined;
 }
@@ -40,7 +40,7 @@ public:
     std::vector<Category> Plan(int count)
     {
         const int kindCount =
-            std::clamp(count / categoriesPerKind, 1, static_cast<int>(vocabulary.kinds.size()));
+            std::clamp(count / CategoriesPerKind, 1, static_cast<int>(vocabulary.kinds.size()));
         for (int i = 0; i < kindCount; ++i) {
             Category category;
             category.kind = static_cast<std::size_t>(i);
@@ -62,7 +62,7 @@ private:
     void AddTree(Category category, std::size_t level, int count)
     {
         category.id = static_cast<int>(categories.size()) + 1;
-        category.treeId = firstTreeId + treeIdStep * category.id;
+        category.treeId = FirstTreeId + TreeIdStep * category.id;
         const int below = count - 1;
         category.isLeaf = below == 0;
         categories.push_back(category);
@@ -81,8 +81,8 @@ private:
     static int ChildCount(std::size_t level, int below)
     {
         if (level == 0)
-            return std::min(below, maxShapes);
-        return level == 1 ? std::min(below, maxInventors) : below;
+            return std::min(below, MaxShapes);
+        return level == 1 ? std::min(below, MaxInventors) : below;
     }
 
     Words ChildTitles(const Category &parent, std::size_t level, int child)

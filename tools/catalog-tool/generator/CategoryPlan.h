@@ -11,7 +11,7 @@ namespace Tesk {
 /// A category as its row in the catalogue wants it.
 struct Category
 {
-    static constexpr std::size_t levelCount = 5;
+    static constexpr std::size_t LevelCount = 5;
 
     /// The ids count from 1 in the order of the tree.
     int id = 0;
@@ -20,7 +20,7 @@ struct Category
     int parentTreeId = 0;
     Words titles;
     /// Which of its siblings it and its ancestors are, from 1; 0 below its own level.
-    std::array<int, levelCount> levels{};
+    std::array<int, LevelCount> levels{};
     std::size_t kind = 0;
     bool isLeaf = true;
 };

@@ -6,19 +6,19 @@ namespace Tesk {
 
 namespace {
 
-constexpr int shortest = 900;
-constexpr int steps = 45;
-constexpr int stepLength = 50;
+constexpr int Shortest = 900;
+constexpr int Steps = 45;
+constexpr int StepLength = 50;
 /// Some lengths lie half a millimetre beside a step.
-constexpr int oddLength = 5;
-constexpr int oddLengthOneIn = 12;
+constexpr int OddLength = 5;
+constexpr int OddLengthOneIn = 12;
 
-constexpr int straightOneIn = 2;
-constexpr int detailOneIn = 8;
+constexpr int StraightOneIn = 2;
+constexpr int DetailOneIn = 8;
 
-constexpr int tenthsPerCentimetre = 100;
-constexpr int tenthsPerInch = 254;
-constexpr int eighths = 8;
+constexpr int TenthsPerCentimetre = 100;
+constexpr int TenthsPerInch = 254;
+constexpr int Eighths = 8;
 
 std::string TwoDigits(int number)
 {
@@ -39,11 +39,11 @@ std::string Decimal(int number, int divisor, char point)
 
 std::string Inches(int tenths)
 {
-    const int inEighths = tenths * eighths / tenthsPerInch;
-    std::string text = std::to_string(inEighths / eighths);
-    if (const int rest = inEighths % eighths; rest != 0) {
-        const int common = std::gcd(rest, eighths);
-        text += ' ' + std::to_string(rest / common) + '/' + std::to_string(eighths / common);
+    const int inEighths = tenths * Eighths / TenthsPerInch;
+    std::string text = std::to_string(inEighths / Eighths);
+    if (const int rest = inEighths % Eighths; rest != 0) {
+        const int common = std::gcd(rest, Eighths);
+        text += ' ' + std::to_string(rest / common) + '/' + std::to_string(Eighths / common);
     }
     return text + '"';
 }
@@ -52,7 +52,7 @@ std::string Inches(int tenths)
 
 Size SizeOf(int tenths)
 {
-    return {Decimal(tenths, 10, '.'), Decimal(tenths, tenthsPerCentimetre, ',') + " cm",
+    return {Decimal(tenths, 10, '.'), Decimal(tenths, TenthsPerCentimetre, ',') + " cm",
             Inches(tenths)};
 }
 
@@ -63,13 +63,13 @@ ProductPlan::ProductPlan(const Vocabulary &words, Random &choices)
 
 int ProductPlan::Length()
 {
-    const int length = shortest + stepLength * random.Below(steps);
-    return random.OneIn(oddLengthOneIn) ? length + oddLength : length;
+    const int length = Shortest + StepLength * random.Below(Steps);
+    return random.OneIn(OddLengthOneIn) ? length + OddLength : length;
 }
 
 std::string ProductPlan::ArticleNumber(const Kind &kind, int lengthInTenths)
 {
-    const std::string ending = '-' + TwoDigits(lengthInTenths / tenthsPerCentimetre);
+    const std::string ending = '-' + TwoDigits(lengthInTenths / TenthsPerCentimetre);
     while (true) {
         std::string number = kind.prefix + Filled(" ##-###") + ending;
         if (articleNumbers.insert(number).second)
@@ -81,12 +81,12 @@ ProductPlan::Description ProductPlan::Describe(const Kind &kind)
 {
     const std::string &inventor = random.Pick(vocabulary.inventors);
     // Straight instruments are the most common and do not say so in their names.
-    const bool isStraight = random.OneIn(straightOneIn);
+    const bool isStraight = random.OneIn(StraightOneIn);
     const Words &shape = isStraight ? vocabulary.shapes.front() : random.Pick(vocabulary.shapes);
     const Words &detail = random.Pick(vocabulary.details);
-    const bool hasDetail = random.OneIn(detailOneIn);
+    const bool hasDetail = random.OneIn(DetailOneIn);
     Description description;
-    for (std::size_t i = 0; i < languageCount; ++i) {
+    for (std::size_t i = 0; i < LanguageCount; ++i) {
         description.name[i] = kind.name[i] + ' ' + inventor;
         if (!isStraight)
             description.name[i] += ' ' + shape[i];
@@ -101,7 +101,7 @@ ProductPlan::Description ProductPlan::DescribeSet(const Kind &kind)
 {
     const std::string &inventor = random.Pick(vocabulary.inventors);
     Description description;
-    for (std::size_t i = 0; i < languageCount; ++i)
+    for (std::size_t i = 0; i < LanguageCount; ++i)
         description.name[i] = vocabulary.set[i] + ' ' + kind.name[i] + ' ' + inventor;
     return description;
 }

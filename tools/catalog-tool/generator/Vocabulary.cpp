@@ -11,10 +11,10 @@ std::string Encoded(const char *text)
     return CodePage::ToBytes(QString::fromUtf8(text)).toStdString();
 }
 
-Words Encoded(const std::array<const char *, languageCount> &texts)
+Words Encoded(const std::array<const char *, LanguageCount> &texts)
 {
     Words words;
-    for (std::size_t i = 0; i < languageCount; ++i)
+    for (std::size_t i = 0; i < LanguageCount; ++i)
         words[i] = Encoded(texts[i]);
     return words;
 }

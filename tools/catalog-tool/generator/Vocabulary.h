@@ -6,12 +6,12 @@
 
 namespace Tesk {
 
-inline constexpr std::size_t languageCount = 5;
-inline constexpr std::array<const char *, languageCount> languageCodes{"ge", "en", "fr", "sp",
+inline constexpr std::size_t LanguageCount = 5;
+inline constexpr std::array<const char *, LanguageCount> LanguageCodes{"ge", "en", "fr", "sp",
                                                                        "it"};
 
 /// A word or phrase in the order of the language codes, in the code page of the catalogue.
-using Words = std::array<std::string, languageCount>;
+using Words = std::array<std::string, LanguageCount>;
 
 /// A kind of instrument.
 struct Kind

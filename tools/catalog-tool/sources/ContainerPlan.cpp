@@ -9,8 +9,8 @@ namespace Tesk {
 
 namespace {
 
-constexpr double smallWidth = 160;
-constexpr double largeWidth = 480;
+constexpr double SmallWidth = 160;
+constexpr double LargeWidth = 480;
 
 void PlanFolder(const CatalogueSources &sources, const QString &folder, const QString &target,
                 double width, QList<ContainerMember> &members)
@@ -39,8 +39,8 @@ QList<ContainerMember> PlanContainer(const CatalogueSources &sources)
     const QString largeTarget = QStringLiteral("Grafiken/gross");
     QList<ContainerMember> members;
     PlanFolder(sources, QStringLiteral("documents"), QStringLiteral("Dokumente"), 0, members);
-    PlanFolder(sources, QStringLiteral("drawings"), smallTarget, smallWidth, members);
-    PlanFolder(sources, QStringLiteral("drawings"), largeTarget, largeWidth, members);
+    PlanFolder(sources, QStringLiteral("drawings"), smallTarget, SmallWidth, members);
+    PlanFolder(sources, QStringLiteral("drawings"), largeTarget, LargeWidth, members);
     PlanFolder(sources, QStringLiteral("pictures/klein"), smallTarget, 0, members);
     PlanFolder(sources, QStringLiteral("pictures/gross"), largeTarget, 0, members);
     return members;

@@ -6,8 +6,8 @@ namespace Tesk {
 
 namespace {
 
-constexpr QLatin1String imageFolder("content/img/");
-constexpr QLatin1String drawingEnding(".svg");
+constexpr QLatin1String ImageFolder("content/img/");
+constexpr QLatin1String DrawingEnding(".svg");
 
 } // namespace
 
@@ -15,9 +15,9 @@ QList<ContentFile> PlanContent(const CatalogueSources &sources)
 {
     QList<ContentFile> files;
     for (const QString &source : sources.Files(QStringLiteral("content"))) {
-        if (source.startsWith(imageFolder) && source.endsWith(drawingEnding))
+        if (source.startsWith(ImageFolder) && source.endsWith(DrawingEnding))
             files.append(
-                {source.chopped(drawingEnding.size()) + QLatin1String(".gif"), source, true});
+                {source.chopped(DrawingEnding.size()) + QLatin1String(".gif"), source, true});
         else
             files.append({source, source, false});
     }

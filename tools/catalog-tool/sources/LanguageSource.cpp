@@ -11,7 +11,7 @@ namespace Tesk {
 
 namespace {
 
-constexpr QChar commentMark = QLatin1Char('#');
+constexpr QChar CommentMark = QLatin1Char('#');
 
 } // namespace
 
@@ -21,7 +21,7 @@ LanguageSource::LanguageSource(const QDir &folder, const QString &languageCode, 
 {
     const QStringList lines = ReadSourceLines(folder, file, problems);
     for (int i = 0; i < lines.size(); ++i) {
-        if (!lines[i].trimmed().isEmpty() && !lines[i].startsWith(commentMark))
+        if (!lines[i].trimmed().isEmpty() && !lines[i].startsWith(CommentMark))
             ReadLine(i + 1, lines[i], problems);
     }
 }

@@ -9,7 +9,7 @@ namespace Tesk {
 
 namespace {
 
-constexpr QLatin1String columnNames("artNr\tprice");
+constexpr QLatin1String ColumnNames("artNr\tprice");
 
 } // namespace
 
@@ -23,7 +23,7 @@ PriceSource::PriceSource(const QDir &folder, Problems &problems)
     if (!folder.exists(File()))
         return;
     const QStringList lines = ReadSourceLines(folder, File(), problems);
-    if (lines.value(0) != columnNames)
+    if (lines.value(0) != ColumnNames)
         problems.Add(File(), 1,
                      QStringLiteral("the first line has to name the columns artNr and price, with "
                                     "one tab between them; add it"));

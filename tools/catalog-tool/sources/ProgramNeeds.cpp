@@ -5,7 +5,7 @@ namespace Tesk::ProgramNeeds {
 namespace {
 
 // clang-format off
-constexpr char textKeys[] = R"(
+constexpr char TextKeyWords[] = R"(
     btn_cancel btn_print btn_send categorySelectionDescription commonAddress commonButtonCancel
     commonButtonOK commonOr defaultStatusBar disclaimer fastSearchSubmit fastSearchType0
     fastSearchType1 fastSearchType2 mBack mContact mExit mExitConfirm mExtra mFile mHelp mInfo
@@ -45,12 +45,12 @@ constexpr char textKeys[] = R"(
 )";
 // clang-format on
 
-constexpr char quotedTextKeys[] = R"(
+constexpr char QuotedTextKeyWords[] = R"(
     mShoppingCartItemDelete mShoppingCartItemDeleteConfirm productListAddToShoppingCart
     productListIsNotStoreProduct productListIsStoreProduct ucShoppingCartManualAmountError
 )";
 
-constexpr char pageImages[] = R"(
+constexpr char PageImageWords[] = R"(
     blank.gif btnDelete.gif contIconAbLager.gif contIconNichtAbLager.gif contIconPrev.gif
     contWarenkorb.gif goFastBefore.gif goFastNext.gif goToBefore.gif goToNext.gif help.gif
     navPointer.gif pdf_icon.gif tlogo.gif
@@ -71,13 +71,13 @@ const QStringList &LanguageCodes()
 
 const QStringList &TextKeys()
 {
-    static const QStringList keys = Words(textKeys);
+    static const QStringList keys = Words(TextKeyWords);
     return keys;
 }
 
 const QStringList &QuotedTextKeys()
 {
-    static const QStringList keys = Words(quotedTextKeys);
+    static const QStringList keys = Words(QuotedTextKeyWords);
     return keys;
 }
 
@@ -101,7 +101,7 @@ const QList<Page> &Pages()
 
 const QStringList &PageImages()
 {
-    static const QStringList images = Words(pageImages);
+    static const QStringList images = Words(PageImageWords);
     return images;
 }
 

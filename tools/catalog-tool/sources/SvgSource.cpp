@@ -11,7 +11,7 @@ namespace Tesk {
 
 namespace {
 
-constexpr QLatin1String svgNamespace("http://www.w3.org/2000/svg");
+constexpr QLatin1String SvgNamespace("http://www.w3.org/2000/svg");
 
 /// Empty for a text that is no viewBox with an area.
 QSizeF ViewBoxSize(QStringView text)
@@ -38,11 +38,11 @@ std::optional<SvgSource> SvgSource::Parse(const QByteArray &bytes, const QString
         svg.rootEnd = reader.characterOffset();
         svg.rootStart = text.lastIndexOf(QLatin1Char('<'), svg.rootEnd - 1);
         svg.size = ViewBoxSize(reader.attributes().value(QLatin1String("viewBox")));
-        if (reader.name() != QLatin1String("svg") || reader.namespaceUri() != svgNamespace) {
+        if (reader.name() != QLatin1String("svg") || reader.namespaceUri() != SvgNamespace) {
             problems.Add(file, line,
                          QStringLiteral("the root element is no <svg xmlns=\"%1\">; browsers would "
                                         "not show the drawing")
-                             .arg(svgNamespace));
+                             .arg(SvgNamespace));
             return std::nullopt;
         }
         if (svg.size.isEmpty()) {

@@ -9,9 +9,9 @@ namespace Tesk {
 
 namespace {
 
-constexpr QChar cellSeparator = QLatin1Char('\t');
-constexpr QLatin1String nullMark("\\N");
-const Cell nullCell;
+constexpr QChar CellSeparator = QLatin1Char('\t');
+constexpr QLatin1String NullMark("\\N");
+const Cell NullCell;
 
 } // namespace
 
@@ -28,7 +28,7 @@ int TableRow::Line() const
 const Cell &TableRow::At(QLatin1String column) const
 {
     const int index = table->columnIndex.value(column, -1);
-    return index < 0 ? nullCell : At(index);
+    return index < 0 ? NullCell : At(index);
 }
 
 const Cell &TableRow::At(int column) const
@@ -68,7 +68,7 @@ std::vector<TableRow> TableSource::Rows() const
 
 void TableSource::ReadHeader(const QString &line, Problems &problems)
 {
-    columns = line.split(cellSeparator);
+    columns = line.split(CellSeparator);
     for (int i = 0; i < columns.size(); ++i) {
         if (columnIndex.contains(columns[i]))
             problems.Add(file, 1,
@@ -80,7 +80,7 @@ void TableSource::ReadHeader(const QString &line, Problems &problems)
 
 void TableSource::ReadRow(int line, const QString &text, Problems &problems)
 {
-    const QStringList texts = text.split(cellSeparator);
+    const QStringList texts = text.split(CellSeparator);
     if (texts.size() != columns.size()) {
         problems.Add(file, line,
                      QStringLiteral("the row has %1 cells, the first line names %2 columns; part "
@@ -94,7 +94,7 @@ void TableSource::ReadRow(int line, const QString &text, Problems &problems)
     stored.cells.reserve(static_cast<size_t>(texts.size()));
     for (const QString &cell : texts) {
         CheckCodePage(cell, file, line, problems);
-        stored.cells.push_back(cell == nullMark ? Cell() : Cell(cell));
+        stored.cells.push_back(cell == NullMark ? Cell() : Cell(cell));
     }
     rows.push_back(std::move(stored));
 }

@@ -11,7 +11,7 @@ namespace Tesk {
 
 namespace {
 
-constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
+constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
 
 bool IsControlCharacter(char32_t character)
 {
@@ -49,7 +49,7 @@ QStringList ReadSourceLines(const QDir &folder, const QString &file, Problems &p
     }
 
     QByteArray bytes = source.readAll();
-    if (bytes.startsWith(byteOrderMark)) {
+    if (bytes.startsWith(ByteOrderMark)) {
         problems.Add(file, 1,
                      QStringLiteral("the file begins with a byte-order mark; save it as UTF-8 "
                                     "without one"));

@@ -12,7 +12,7 @@ namespace Tesk {
 
 namespace {
 
-const QString columnGap = QStringLiteral("  ");
+const QString ColumnGap = QStringLiteral("  ");
 
 QString ShownCell(const ResultTable &table, int row, int column)
 {
@@ -37,7 +37,7 @@ QString Line(QStringList cells, const std::vector<qsizetype> &widths)
 {
     for (qsizetype column = 0; column + 1 < cells.size(); ++column)
         cells[column] = cells[column].leftJustified(widths[static_cast<size_t>(column)]);
-    QString line = cells.join(columnGap);
+    QString line = cells.join(ColumnGap);
     while (line.endsWith(u' '))
         line.chop(1);
     return line + u'\n';

@@ -34,7 +34,7 @@ struct Fault
     const char *problem; ///< what one of the problems has to say
 };
 
-const QList<Fault> faults{
+const QList<Fault> Faults{
     // Tables
     {"row with a cell too many", "tables/products2sets.tsv", "3\t2\t1\t1", "3\t2\t1\t1\t1",
      "tables/products2sets.tsv:2: the row has 5 cells, the first line names 4 columns;"},
@@ -243,7 +243,7 @@ private Q_SLOTS:
     void testReportsFault_data()
     {
         QTest::addColumn<Fault>("fault");
-        for (const Fault &fault : faults)
+        for (const Fault &fault : Faults)
             QTest::newRow(fault.name) << fault;
     }
     void testReportsFault()

@@ -27,7 +27,7 @@ QImage ReadGif(QByteArray bytes)
     return reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-constexpr char halfRed[] = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 8 4\">"
+constexpr char HalfRed[] = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 8 4\">"
                            "<rect width=\"4\" height=\"4\" fill=\"#db271c\"/></svg>";
 
 } // namespace
@@ -39,12 +39,12 @@ class TestPictures : public QObject
 private Q_SLOTS:
     void testPictureIsSixTimesAsLargeAsItsViewBox()
     {
-        QCOMPARE(Render(halfRed).size(), QSize(48, 24));
+        QCOMPARE(Render(HalfRed).size(), QSize(48, 24));
     }
 
     void testPictureKeepsColoursAndTransparency()
     {
-        const QImage picture = Render(halfRed);
+        const QImage picture = Render(HalfRed);
         QCOMPARE(picture.pixel(0, 0), qRgb(219, 39, 28));
         QCOMPARE(picture.pixel(23, 23), qRgb(219, 39, 28));
         QCOMPARE(qAlpha(picture.pixel(24, 0)), 0);
@@ -82,7 +82,7 @@ private Q_SLOTS:
 
     void testGifReadsBackAsItWasWritten()
     {
-        const QImage picture = Render(halfRed);
+        const QImage picture = Render(HalfRed);
         const QByteArray bytes = WriteGif(picture);
         QVERIFY(bytes.startsWith("GIF89a"));
         QCOMPARE(ReadGif(bytes), picture.convertToFormat(QImage::Format_ARGB32_Premultiplied));

@@ -10,7 +10,7 @@ namespace Tesk {
 
 namespace {
 
-constexpr char icon[] = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 4 4\">"
+constexpr char Icon[] = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 4 4\">"
                         "<circle cx=\"2\" cy=\"2\" r=\"2\" fill=\"#0a0\"/></svg>\n";
 
 } // namespace
@@ -85,7 +85,7 @@ void TinySources::MakePages() const
         Write(QStringLiteral("content/") + page.name, text + "</html>\n");
     }
     for (const QString &image : ProgramNeeds::PageImages())
-        Write(QStringLiteral("content/img/%1.svg").arg(QFileInfo(image).baseName()), icon);
+        Write(QStringLiteral("content/img/%1.svg").arg(QFileInfo(image).baseName()), Icon);
 }
 
 void TinySources::MakeDocuments() const

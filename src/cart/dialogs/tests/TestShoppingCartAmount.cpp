@@ -28,19 +28,19 @@ Texts MakeTexts(const QString &caption, const QString &label, const QString &err
             {QStringLiteral("commonButtonCancel"), cancel}};
 }
 
-const Texts german = MakeTexts(QStringLiteral("Menge"), QStringLiteral("Gewünschte Menge"),
+const Texts German = MakeTexts(QStringLiteral("Menge"), QStringLiteral("Gewünschte Menge"),
                                QStringLiteral("Bitte geben Sie eine Menge von 1 bis 999 ein."),
                                QStringLiteral("OK"), QStringLiteral("&Abbrechen"));
-const Texts english = MakeTexts(QStringLiteral("Amount"), QStringLiteral("&Amount required"),
+const Texts English = MakeTexts(QStringLiteral("Amount"), QStringLiteral("&Amount required"),
                                 QStringLiteral("Please enter an amount from 1 to 999."),
                                 QStringLiteral("&OK"), QStringLiteral("&Cancel"));
-const Texts french = MakeTexts(QStringLiteral("Quantité"), QStringLiteral("Quantité souhaitée"),
+const Texts French = MakeTexts(QStringLiteral("Quantité"), QStringLiteral("Quantité souhaitée"),
                                QStringLiteral("Veuillez saisir une quantité de 1 à 999."),
                                QStringLiteral("OK"), QStringLiteral("&Annuler"));
-const Texts spanish = MakeTexts(QStringLiteral("Cantidad"), QStringLiteral("Cantidad deseada"),
+const Texts Spanish = MakeTexts(QStringLiteral("Cantidad"), QStringLiteral("Cantidad deseada"),
                                 QStringLiteral("Introduzca una cantidad de 1 a 999."),
                                 QStringLiteral("Aceptar"), QStringLiteral("&Cancelar"));
-const Texts italian = MakeTexts(QStringLiteral("Quantità"), QStringLiteral("Quantità desiderata"),
+const Texts Italian = MakeTexts(QStringLiteral("Quantità"), QStringLiteral("Quantità desiderata"),
                                 QStringLiteral("Inserisca una quantità da 1 a 999."),
                                 QStringLiteral("OK"), QStringLiteral("&Annulla"));
 
@@ -110,7 +110,7 @@ Control *TestShoppingCartAmount::Find(const char *name) const
 
 void TestShoppingCartAmount::init()
 {
-    texts = english;
+    texts = English;
     dialog = std::make_unique<frmShoppingCartAmount>(
         [this](const QString &key) { return texts.value(key); });
     tbAmount = Find<QLineEdit>("tbAmount");
@@ -151,7 +151,7 @@ void TestShoppingCartAmount::testCaptionsAreThoseOfTheLanguageAtEachOpening()
     QCOMPARE(dialog->windowTitle(), QStringLiteral("Amount"));
     QCOMPARE(Find<QLabel>("lblAmount")->text(), QStringLiteral("&Amount required"));
     dialog->reject();
-    texts = german;
+    texts = German;
     Open();
     QCOMPARE(dialog->windowTitle(), QStringLiteral("Menge"));
     QCOMPARE(Find<QLabel>("lblAmount")->text(), QStringLiteral("Gewünschte Menge"));
@@ -371,11 +371,11 @@ void TestShoppingCartAmount::testNothingIsCut_data()
 {
     QTest::addColumn<QHash<QString, QString>>("languageTexts");
     QTest::addColumn<double>("scale");
-    const std::vector<std::pair<const char *, Texts>> languages = {{"German", german},
-                                                                   {"English", english},
-                                                                   {"French", french},
-                                                                   {"Spanish", spanish},
-                                                                   {"Italian", italian}};
+    const std::vector<std::pair<const char *, Texts>> languages = {{"German", German},
+                                                                   {"English", English},
+                                                                   {"French", French},
+                                                                   {"Spanish", Spanish},
+                                                                   {"Italian", Italian}};
     for (const auto &[name, languageTexts] : languages) {
         for (const double scale : {1.0, 2.0})
             QTest::addRow("%s, %d %%", name, int(scale * 100)) << languageTexts << scale;

@@ -24,7 +24,7 @@ using namespace Tesk::Database;
 using Sqlite2::ByteMap;
 using Sqlite2::DamageCounts;
 using Sqlite2::DamagesOf;
-using Sqlite2::damageStep;
+using Sqlite2::DamageStep;
 using Sqlite2::TableTexts;
 
 namespace {
@@ -296,7 +296,7 @@ void TestDamagedCatalogue::testEveryByteDamaged()
     DamageCounts counts;
     int unseen = 0;
     QByteArray damaged = soundBytes;
-    for (qsizetype i = 0; i < soundBytes.size(); i += damageStep) {
+    for (qsizetype i = 0; i < soundBytes.size(); i += DamageStep) {
         const QByteArray damages = DamagesOf(soundBytes, i, 1);
         for (const char damage : damages) {
             damaged[i] = damage;
@@ -322,20 +322,20 @@ void TestDamagedCatalogue::testEveryByteDamaged()
 void TestDamagedCatalogue::testEveryTruncation()
 {
     OpenVersion2();
-    for (qsizetype size = soundBytes.size() - 1; size >= 0; size -= damageStep) {
+    for (qsizetype size = soundBytes.size() - 1; size >= 0; size -= DamageStep) {
         QVERIFY(file.resize(size));
         const LogCapture log;
         QVERIFY2(!Read(fileName), qPrintable(QString::number(size)));
         QCOMPARE(WrongInLog(log.Lines(), true), QString());
     }
-    qInfo("%d cases, all refused", int(soundBytes.size() / damageStep));
+    qInfo("%d cases, all refused", int(soundBytes.size() / DamageStep));
 }
 
 /// SQLite reads such a file itself and notices what it can. Whatever comes of it, it comes to an
 /// end, no rows come from nowhere, and what fails is told with the file's name.
 void TestDamagedCatalogue::testDamagedVersion3File()
 {
-    constexpr qsizetype step = 11 * damageStep;
+    constexpr qsizetype step = 11 * DamageStep;
     WriteVersion3(folder.filePath(QStringLiteral("three.db")), Version3Script());
     Open(QStringLiteral("three.db"));
     const Contents sound = Read(fileName).value();

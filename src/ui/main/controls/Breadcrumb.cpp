@@ -38,7 +38,7 @@ Breadcrumb::Breadcrumb(QWidget *parent)
     : QWidget(parent)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    for (int i = 0; i <= maxCrumbs; ++i) {
+    for (int i = 0; i <= MaxCrumbs; ++i) {
         auto *const crumb = new CrumbButton(this);
         crumb->hide();
         connect(crumb, &CrumbButton::clicked, this,
@@ -50,10 +50,10 @@ Breadcrumb::Breadcrumb(QWidget *parent)
 void Breadcrumb::SetList(const QList<Crumb> &newCrumbs)
 {
     crumbs = newCrumbs;
-    if (crumbs.size() > maxCrumbs + 1)
+    if (crumbs.size() > MaxCrumbs + 1)
         return;
     arrowLefts.resize(static_cast<size_t>(crumbs.size()));
-    for (int i = 0; i <= maxCrumbs; ++i) {
+    for (int i = 0; i <= MaxCrumbs; ++i) {
         const bool isShown = i < crumbs.size();
         CrumbButton *const label = lblCrumb[static_cast<size_t>(i)];
         if (isShown)

@@ -17,7 +17,7 @@ class Breadcrumb final : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int maxCrumbs = 10; ///< the last position, from 0
+    static constexpr int MaxCrumbs = 10; ///< the last position, from 0
 
     explicit Breadcrumb(QWidget *parent = nullptr);
 

@@ -20,9 +20,9 @@ using Sqlite2::Samples::LoadedTable;
 
 namespace {
 
-constexpr int productCount = 700;
-constexpr std::size_t localizedCount = 3500;
-constexpr std::size_t referenceCount = 1400;
+constexpr int ProductCount = 700;
+constexpr std::size_t LocalizedCount = 3500;
+constexpr std::size_t ReferenceCount = 1400;
 
 QByteArray Generated(const GeneratorOptions &options)
 {
@@ -84,13 +84,13 @@ private:
 
 void GeneratorTest::initTestCase()
 {
-    GenerateCatalogue(scratch.File(), {productCount, 7, {}, {}});
+    GenerateCatalogue(scratch.File(), {ProductCount, 7, {}, {}});
 }
 
 void GeneratorTest::testEqualSeedsGiveEqualFiles()
 {
-    QCOMPARE(Generated({productCount, 7, {}, {}}), scratch.Bytes());
-    QVERIFY(Generated({productCount, 8, {}, {}}) != scratch.Bytes());
+    QCOMPARE(Generated({ProductCount, 7, {}, {}}), scratch.Bytes());
+    QVERIFY(Generated({ProductCount, 8, {}, {}}) != scratch.Bytes());
 }
 
 void GeneratorTest::testFileIsSound()
@@ -101,23 +101,23 @@ void GeneratorTest::testFileIsSound()
 void GeneratorTest::testProductsHaveAllIdsAndDistinctNumbers()
 {
     const LoadedTable products = Table("products_global");
-    QCOMPARE(products.rows.size(), std::size_t{productCount});
+    QCOMPARE(products.rows.size(), std::size_t{ProductCount});
     QCOMPARE(products.rows.begin()->first, 1);
-    QCOMPARE(products.rows.rbegin()->first, productCount);
+    QCOMPARE(products.rows.rbegin()->first, ProductCount);
     QCOMPARE(products.declaration.columns.front().name, std::string("ID"));
-    QCOMPARE(Distinct(Column(products, "artNr")).size(), productCount);
-    QCOMPARE(Column(products, "isSet").count(QStringLiteral("True")), productCount / 50);
+    QCOMPARE(Distinct(Column(products, "artNr")).size(), ProductCount);
+    QCOMPARE(Column(products, "isSet").count(QStringLiteral("True")), ProductCount / 50);
 }
 
 void GeneratorTest::testEveryProductHasFiveLanguages()
 {
     const LoadedTable texts = Table("products_localized");
-    QCOMPARE(texts.rows.size(), localizedCount);
+    QCOMPARE(texts.rows.size(), LocalizedCount);
     QStringList keys;
     for (const auto &[rowId, row] : texts.rows)
         keys.append(texts.Cell(rowId, QStringLiteral("ID")) +
                     texts.Cell(rowId, QStringLiteral("lang")));
-    QCOMPARE(Distinct(keys).size(), 5 * productCount);
+    QCOMPARE(Distinct(keys).size(), 5 * ProductCount);
     QCOMPARE(Distinct(Column(texts, "lang")),
              Distinct({QStringLiteral("ge"), QStringLiteral("en"), QStringLiteral("fr"),
                        QStringLiteral("sp"), QStringLiteral("it")}));
@@ -157,7 +157,7 @@ void GeneratorTest::testProductsLieInLeafCategories()
 {
     const LoadedTable categories = Table("categories");
     const LoadedTable memberships = Table("products2categories");
-    QCOMPARE(Distinct(Column(memberships, "prodID")).size(), productCount);
+    QCOMPARE(Distinct(Column(memberships, "prodID")).size(), ProductCount);
     const QSet<QString> parents = Distinct(Column(categories, "parent"));
     for (const QString &id : Distinct(Column(memberships, "catID"))) {
         QVERIFY(categories.rows.contains(id.toInt()));
@@ -173,7 +173,7 @@ void GeneratorTest::testSetsHaveSingleProductsAsMembers()
         return products.Cell(id.toInt(), QStringLiteral("isSet")) == QLatin1String("True");
     };
     const QStringList sets = Column(members, "iSetID");
-    QCOMPARE(Distinct(sets).size(), productCount / 50);
+    QCOMPARE(Distinct(sets).size(), ProductCount / 50);
     for (const QString &set : sets)
         QVERIFY(isSet(set) && sets.count(set) >= 3);
     for (const QString &member : Column(members, "iProdGlobId"))
@@ -185,14 +185,14 @@ void GeneratorTest::testSetsHaveSingleProductsAsMembers()
 void GeneratorTest::testReferenceNumbers()
 {
     const LoadedTable references = Table("reference_numbers");
-    QCOMPARE(references.rows.size(), referenceCount);
+    QCOMPARE(references.rows.size(), ReferenceCount);
     QCOMPARE(Distinct(Column(references, "sUnternehmen")),
              Distinct({QStringLiteral("Varnholt"), QStringLiteral("Dorvik"),
                        QStringLiteral("Salvora")}));
     for (const QString &number : Column(references, "sRefNo"))
         QVERIFY(!number.isEmpty() && !number.contains(QLatin1Char(' ')));
     for (const QString &id : Column(references, "ID"))
-        QVERIFY(id.toInt() >= 1 && id.toInt() <= productCount);
+        QVERIFY(id.toInt() >= 1 && id.toInt() <= ProductCount);
 }
 
 void GeneratorTest::testOptionalNumbers()
@@ -206,9 +206,9 @@ void GeneratorTest::testOptionalNumbers()
 void GeneratorTest::testProductsOfTheFirstCategory()
 {
     const QStringList all = Column(LoadedTable(scratch.File(), "products2categories"), "catID");
-    for (const int count : {0, 3, 250, productCount}) {
+    for (const int count : {0, 3, 250, ProductCount}) {
         const Scratch own;
-        GenerateCatalogue(own.File(), {productCount, 7, {}, {}, count});
+        GenerateCatalogue(own.File(), {ProductCount, 7, {}, {}, count});
         const QStringList categories =
             Column(LoadedTable(own.File(), "products2categories"), "catID");
         // Leaves are numbered as they are made, and the first one is never empty by default.
@@ -311,7 +311,7 @@ void GeneratorTest::testCommandLine()
     const QString line = QStringLiteral("%1 --products 700 --seed 7 --categories 20 --references 11"
                                         " --first-category 250");
     QCOMPARE(RunGenerate(line.arg(file).split(QLatin1Char(' '))), 0);
-    QCOMPARE(own.Bytes(), Generated({productCount, 7, 20, 11, 250}));
+    QCOMPARE(own.Bytes(), Generated({ProductCount, 7, 20, 11, 250}));
 }
 
 void GeneratorTest::testWrongCommandLines_data()

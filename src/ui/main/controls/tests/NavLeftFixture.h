@@ -33,7 +33,7 @@ inline ResultTable Categories(const std::vector<Row> &rows)
     return table;
 }
 
-inline const std::vector<Row> twoLevels = {
+inline const std::vector<Row> TwoLevels = {
     Category(1, QStringLiteral("Scissors")),       Category(11, QStringLiteral("Operating"), 1),
     Category(12, QStringLiteral("Dissecting"), 1), Category(13, QStringLiteral("Ligature"), 1),
     Category(2, QStringLiteral("Forceps")),        Category(21, QStringLiteral("Tissue"), 2),
@@ -64,7 +64,7 @@ protected:
         window->show();
         window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        Initialize(twoLevels);
+        Initialize(TwoLevels);
         MovePointer(window.get(), QPoint(490, 590));
     }
 

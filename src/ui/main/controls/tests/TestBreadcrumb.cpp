@@ -11,7 +11,7 @@ using namespace Tesk;
 
 namespace {
 
-const Crumb home{QStringLiteral("tesk-shop"), QStringLiteral("default.html")};
+const Crumb Home{QStringLiteral("tesk-shop"), QStringLiteral("default.html")};
 
 /// `count` crumbs "0", "1" and so on, with the links "link0", "link1".
 QList<Crumb> Crumbs(int count)
@@ -93,7 +93,7 @@ QStringList TestBreadcrumb::Captions() const
 
 void TestBreadcrumb::testHomeRowAloneShowsOneCrumb()
 {
-    breadcrumb->SetList({home});
+    breadcrumb->SetList({Home});
     QCOMPARE(Captions(), QStringList({QStringLiteral("tesk-shop")}));
     QCOMPARE(breadcrumb->findChildren<CrumbButton *>().size(), 11);
 }
@@ -119,7 +119,7 @@ QList<int> TestBreadcrumb::ArrowColumns() const
 void TestBreadcrumb::testEachCrumbHasAnArrowBeforeIt()
 {
     breadcrumb->SetList(Crumbs(11));
-    breadcrumb->SetList({home, {QStringLiteral("Scissors"), QStringLiteral("x")}});
+    breadcrumb->SetList({Home, {QStringLiteral("Scissors"), QStringLiteral("x")}});
     QList<QRect> captions;
     for (const CrumbButton *const crumb : Shown())
         captions.append(crumb->CaptionRect());
@@ -139,7 +139,7 @@ void TestBreadcrumb::testEachCrumbHasAnArrowBeforeIt()
 void TestBreadcrumb::testCrumbsFollowEachOther()
 {
     breadcrumb->SetList(
-        {home, {QStringLiteral("Fine scissors"), {}}, {QStringLiteral("Microscheren"), {}}});
+        {Home, {QStringLiteral("Fine scissors"), {}}, {QStringLiteral("Microscheren"), {}}});
     // A caption stands 200 twips behind the end of the one before it.
     int x = 0;
     const auto shown = Shown();
@@ -162,7 +162,7 @@ void TestBreadcrumb::testElevenRowsFillAllCrumbs()
 
 void TestBreadcrumb::testTwelveRowsChangeNothingOnScreen()
 {
-    breadcrumb->SetList({home, {QStringLiteral("Scissors"), QStringLiteral("old")}});
+    breadcrumb->SetList({Home, {QStringLiteral("Scissors"), QStringLiteral("old")}});
     breadcrumb->SetList(Crumbs(12));
     QCOMPARE(Captions(), QStringList({QStringLiteral("tesk-shop"), QStringLiteral("Scissors")}));
     QCOMPARE(breadcrumb->list(), Crumbs(12));
@@ -190,7 +190,7 @@ void TestBreadcrumb::testEmptyListHidesAll()
 void TestBreadcrumb::testClickReportsTheLink()
 {
     QSignalSpy spy(breadcrumb.get(), &Breadcrumb::OnCrumbSelect);
-    breadcrumb->SetList({home, {QStringLiteral("Scissors"), QStringLiteral("list.html?id=3")}});
+    breadcrumb->SetList({Home, {QStringLiteral("Scissors"), QStringLiteral("list.html?id=3")}});
     QTest::mouseClick(Shown()[0], Qt::LeftButton);
     QCOMPARE(spy.size(), 1);
     QCOMPARE(spy.last().first().toString(), QStringLiteral("default.html"));
@@ -201,7 +201,7 @@ void TestBreadcrumb::testClickReportsTheLink()
 void TestBreadcrumb::testCrumbWithoutLinkReportsAnEmptyText()
 {
     QSignalSpy spy(breadcrumb.get(), &Breadcrumb::OnCrumbSelect);
-    breadcrumb->SetList({home, {QStringLiteral("Detailsuche"), {}}});
+    breadcrumb->SetList({Home, {QStringLiteral("Detailsuche"), {}}});
     QTest::mouseClick(Shown()[1], Qt::LeftButton);
     QCOMPARE(spy.size(), 1);
     QCOMPARE(spy.last().first().toString(), QString());
@@ -222,7 +222,7 @@ void TestBreadcrumb::testKeysReachAndPressACrumb()
 
 void TestBreadcrumb::testCaptionsStandAMiddleAboveTheMiddle()
 {
-    breadcrumb->SetList({home});
+    breadcrumb->SetList({Home});
     // 30 pixels are 450 twips: 225 - 100 = 125 twips, which is pixel 8.
     QCOMPARE(Shown()[0]->CaptionRect().y(), 8);
     // 600 twips: 300 - 100 = 200 twips, which is pixel 13.
@@ -233,7 +233,7 @@ void TestBreadcrumb::testCaptionsStandAMiddleAboveTheMiddle()
 
 void TestBreadcrumb::testColours()
 {
-    breadcrumb->SetList({home});
+    breadcrumb->SetList({Home});
     const QImage picture = breadcrumb->grab().toImage();
     const auto colourAt = [&picture](int x, int y) {
         return picture.pixelColor(QPoint(x, y) * picture.devicePixelRatio());
@@ -249,7 +249,7 @@ void TestBreadcrumb::testColours()
 void TestBreadcrumb::testLongPathIsCutToTheBand()
 {
     breadcrumb->resize(300, 30);
-    breadcrumb->SetList({home,
+    breadcrumb->SetList({Home,
                          {QStringLiteral("Ciseaux à pansements et à fil métallique"), {}},
                          {QStringLiteral("Microciseaux à manche plat ou à manche rond"), {}}});
     QCoreApplication::processEvents();
@@ -269,7 +269,7 @@ void TestBreadcrumb::testLongPathIsCutToTheBand()
 void TestBreadcrumb::testShortCaptionsStayWholeBesideALongOne()
 {
     breadcrumb->resize(260, 30);
-    breadcrumb->SetList({home, {QString(200, QLatin1Char('x')), {}}});
+    breadcrumb->SetList({Home, {QString(200, QLatin1Char('x')), {}}});
     QCoreApplication::processEvents();
     QCOMPARE(Shown()[0]->ShownCaption(), QStringLiteral("tesk-shop"));
     QVERIFY(Shown()[1]->ShownCaption().endsWith(QChar(0x2026)));
@@ -278,7 +278,7 @@ void TestBreadcrumb::testShortCaptionsStayWholeBesideALongOne()
 
 void TestBreadcrumb::testReadersOfTheScreenLearnALink()
 {
-    breadcrumb->SetList({home});
+    breadcrumb->SetList({Home});
     QAccessibleInterface *crumb = QAccessible::queryAccessibleInterface(Shown()[0]);
     QCOMPARE(crumb->role(), QAccessible::Link);
     QCOMPARE(crumb->text(QAccessible::Name), QStringLiteral("tesk-shop"));

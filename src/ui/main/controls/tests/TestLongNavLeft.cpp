@@ -91,7 +91,7 @@ void TestLongNavLeft::testRelabellingKeepsThePlace()
     Bar()->setValue(Bar()->maximum());
     const int place = Bar()->value();
     QVERIFY(place > 0);
-    Initialize(twoLevels);
+    Initialize(TwoLevels);
     QCOMPARE(Bar()->value(), place);
 }
 

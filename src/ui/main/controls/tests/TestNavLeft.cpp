@@ -9,9 +9,9 @@ using namespace Tesk;
 
 namespace {
 
-const QColor red(219, 39, 28);
-const QColor white(255, 255, 255);
-const QColor grey(204, 204, 204);
+const QColor Red(219, 39, 28);
+const QColor White(255, 255, 255);
+const QColor Grey(204, 204, 204);
 
 } // namespace
 
@@ -81,7 +81,7 @@ void TestNavLeft::testHeadingsAndEntriesStandInTheirPlaces()
 
 void TestNavLeft::testGrandchildrenHaveNoEntries()
 {
-    std::vector<Row> rows = twoLevels;
+    std::vector<Row> rows = TwoLevels;
     rows.insert(rows.begin() + 3, Category(121, QStringLiteral("Mayo"), 12));
     rows.push_back(Category(14, QStringLiteral("Behind another heading"), 1));
     tree = {};
@@ -96,7 +96,7 @@ void TestNavLeft::testGrandchildrenHaveNoEntries()
 
 void TestNavLeft::testLongCaptionWraps()
 {
-    std::vector<Row> rows = twoLevels;
+    std::vector<Row> rows = TwoLevels;
     rows[2][3] = QStringLiteral("Haemostatic forceps, delicate and very delicate patterns for all");
     tree = {};
     Initialize(rows);
@@ -138,11 +138,11 @@ void TestNavLeft::testColours()
         return picture.pixelColor(widget->mapTo(window.get(), QPoint(x, y)) *
                                   picture.devicePixelRatio());
     };
-    QCOMPARE(colourAt(Headings()[0], 190, 8), red);
-    QCOMPARE(colourAt(Entries()[0], 190, 8), white);
-    QCOMPARE(colourAt(Entries()[1], 190, 8), grey);
+    QCOMPARE(colourAt(Headings()[0], 190, 8), Red);
+    QCOMPARE(colourAt(Entries()[0], 190, 8), White);
+    QCOMPARE(colourAt(Entries()[1], 190, 8), Grey);
     // The arrow's base stands at 80 twips.
-    QCOMPARE(colourAt(Entries()[0], 6, 8), red);
+    QCOMPARE(colourAt(Entries()[0], 6, 8), Red);
 }
 
 void TestNavLeft::testHeadingStaysSharpAtDoubleScale()
@@ -152,8 +152,8 @@ void TestNavLeft::testHeadingStaysSharpAtDoubleScale()
     menu->render(&pixmap);
     const QImage picture = pixmap.toImage();
     const int bottom = Headings()[0]->geometry().bottom();
-    QCOMPARE(picture.pixelColor(380, 2 * bottom + 1), red);
-    QCOMPARE(picture.pixelColor(380, 2 * bottom + 2), white);
+    QCOMPARE(picture.pixelColor(380, 2 * bottom + 1), Red);
+    QCOMPARE(picture.pixelColor(380, 2 * bottom + 2), White);
 }
 
 void TestNavLeft::testClickMarksAndReports()
@@ -200,7 +200,7 @@ void TestNavLeft::testMarkingByTagReportsNothing()
 
 void TestNavLeft::testFirstEntryOfATagIsMarked()
 {
-    std::vector<Row> rows = twoLevels;
+    std::vector<Row> rows = TwoLevels;
     rows[5][0] = QStringLiteral("13");
     tree = {};
     Initialize(rows);
@@ -286,7 +286,7 @@ void TestNavLeft::testRelabellingKeepsTheElementsAndClearsTheMark()
 {
     menu->selectSubCategory(QStringLiteral("11"));
     const auto entries = Entries();
-    std::vector<Row> rows = twoLevels;
+    std::vector<Row> rows = TwoLevels;
     rows[0][3] = QStringLiteral("Scheren");
     rows[1][3] = QStringLiteral("Chirurgische Scheren");
     searchCaption = QStringLiteral("Detailsuche");
@@ -353,7 +353,7 @@ void TestNavLeft::testOneEntryIsReachedByTab()
 
 void TestNavLeft::testAmpersandIsShownAsItIs()
 {
-    std::vector<Row> rows = twoLevels;
+    std::vector<Row> rows = TwoLevels;
     rows[1][3] = QStringLiteral("Cut & &hold");
     tree = {};
     Initialize(rows);
